@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Installs everything the project needs on a Debian 12 machine. Safe to run again: it asks apt only
+# for what is missing.
+set -euo pipefail
+
+packages=(
+    build-essential cmake pkg-config git
+    libboost-dev
+    libgtest-dev libgmock-dev googletest libbenchmark-dev
+    clang libclang-rt-14-dev llvm
+    valgrind
+    ffmpeg libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
+    libegl-dev libgl-dev libegl-mesa0 libgl1-mesa-dri
+    libpng-dev
+)
+
+missing=()
+for p in "${packages[@]}"; do
+    if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
+        missing+=("$p")
+    fi
+done
+if [ ${#missing[@]} -eq 0 ]; then
+    echo "install-deps: everything is installed"
+    exit 0
+fi
+
+sudo=""
+if [ "$(id -u)" -ne 0 ]; then
+    if command -v sudo >/dev/null 2>&1; then
+        sudo="sudo"
+    else
+        echo "install-deps: missing ${missing[*]}; run this script as root" >&2
+        exit 1
+    fi
+fi
+echo "install-deps: installing ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+$sudo apt-get update -qq
+$sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
