@@ -1,0 +1,83 @@
+#include "addon/AddOnMenu.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/AddOnTest.h"
+#include "vexhost/Host.h"
+
+namespace vexplot {
+namespace vexutiltools {
+namespace {
+
+const std::string NotAllowed = "Keyframe animation is only allowed with 3D plots.";
+const std::string Lock = "VexUtilLockStart(\"Key Frame Animation\")";
+const std::string Unlock = "VexUtilLockFinish(\"Key Frame Animation\")";
+
+class AddOnMenuTest : public vextest::AddOnTest {
+protected:
+    bool chooseMenuItem() {
+        return host().addOns().chooseMenuOption("Animate", "&Key Frame Animation...");
+    }
+};
+
+TEST_F(AddOnMenuTest, HostWithNoFramesShowsOnlyAllowedWith3DPlots) {
+    ASSERT_TRUE(chooseMenuItem());
+    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().dialogs().errorMessages());
+}
+
+class AddOnMenuPlotTypeTest : public AddOnMenuTest,
+                              public ::testing::WithParamInterface<VexPlotType_e> {};
+
+TEST_P(AddOnMenuPlotTypeTest, ActiveFrameThatIsNot3DCartesianShowsOnlyAllowedWith3DPlots) {
+    host().frames().create(GetParam());
+    ASSERT_TRUE(chooseMenuItem());
+    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().dialogs().errorMessages());
+}
+
+INSTANTIATE_TEST_SUITE_P(PlotTypes, AddOnMenuPlotTypeTest,
+                         ::testing::Values(VexPlotType_Sketch, VexPlotType_Cartesian2D,
+                                           VexPlotType_XYLine, VexPlotType_PolarLine));
+
+TEST_F(AddOnMenuTest, OnlyTheActiveFrameCounts) {
+    host().frames().create(VexPlotType_Cartesian3D);
+    host().frames().create(VexPlotType_Cartesian2D);
+    ASSERT_TRUE(chooseMenuItem());
+    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().dialogs().errorMessages());
+}
+
+TEST_F(AddOnMenuTest, A3DCartesianFrameIsAllowedWithoutError) {
+    host().frames().create(VexPlotType_Cartesian3D);
+    ASSERT_TRUE(chooseMenuItem());
+    EXPECT_TRUE(host().dialogs().errorMessages().empty());
+}
+
+TEST_F(AddOnMenuTest, ChoosingTheItemTwiceWithA3DFrameIsAllowedBothTimes) {
+    host().frames().create(VexPlotType_Cartesian3D);
+    ASSERT_TRUE(chooseMenuItem());
+    ASSERT_TRUE(chooseMenuItem());
+    EXPECT_TRUE(host().dialogs().errorMessages().empty());
+}
+
+TEST_F(AddOnMenuTest, CheckRunsInAnInnerLockWithinTheCallbacksLock) {
+    host().frames().create(VexPlotType_Cartesian3D);
+    host().callLog().setEnabled(true);
+    ASSERT_TRUE(chooseMenuItem());
+    EXPECT_EQ((std::vector<std::string>{Lock, Lock, "VexUtilFrameGetCount()",
+                                        "VexUtilFrameGetPlotType()", Unlock, Unlock}),
+              host().callLog().take());
+}
+
+TEST_F(AddOnMenuTest, ErrorIsShownAfterTheCheckReleasedItsLock) {
+    host().callLog().setEnabled(true);
+    ASSERT_TRUE(chooseMenuItem());
+    EXPECT_EQ((std::vector<std::string>{Lock, Lock, "VexUtilFrameGetCount()", Unlock,
+                                        "VexUtilDialogErrMsg(\"" + NotAllowed + "\")", Unlock}),
+              host().callLog().take());
+}
+
+}  // namespace
+}  // namespace vexutiltools
+}  // namespace vexplot

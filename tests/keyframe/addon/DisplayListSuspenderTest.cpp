@@ -1,0 +1,67 @@
+#include "addon/DisplayListSuspender.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "addon/LockScope.h"
+#include "support/AddOnTest.h"
+#include "vexhost/Host.h"
+
+namespace vexplot {
+namespace vexutiltools {
+namespace {
+
+const vexhost::StyleStore::Path UseDisplayLists{"Interface", "UseDisplayLists"};
+
+// Style values are host state: every test holds the add-on's lock, as the run that uses the
+// suspender does.
+class DisplayListSuspenderTest : public vextest::AddOnTest {
+protected:
+    bool displayListsOn() const { return host().style().getBool(UseDisplayLists); }
+};
+
+TEST_F(DisplayListSuspenderTest, SwitchesDisplayListsOffForTheScopeAndBackOn) {
+    LockScope lock;
+    ASSERT_TRUE(displayListsOn());
+    {
+        DisplayListSuspender suspender;
+        EXPECT_FALSE(displayListsOn());
+    }
+    EXPECT_TRUE(displayListsOn());
+}
+
+TEST_F(DisplayListSuspenderTest, LeavesDisplayListsOffWhenTheyWereOff) {
+    LockScope lock;
+    host().style().setBool(UseDisplayLists, false);
+    {
+        DisplayListSuspender suspender;
+        EXPECT_FALSE(displayListsOn());
+    }
+    EXPECT_FALSE(displayListsOn());
+}
+
+TEST_F(DisplayListSuspenderTest, RestoresTheSettingWhenAnExceptionPasses) {
+    LockScope lock;
+    try {
+        DisplayListSuspender suspender;
+        throw std::runtime_error("failed during the run");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_TRUE(displayListsOn());
+}
+
+TEST_F(DisplayListSuspenderTest, RefusedReadEndsWithDisplayListsOn) {
+    LockScope lock;
+    host().style().setBool(UseDisplayLists, false);
+    host().style().refuse(UseDisplayLists, true, false);
+    {
+        DisplayListSuspender suspender;
+        EXPECT_FALSE(displayListsOn());
+    }
+    EXPECT_TRUE(displayListsOn());
+}
+
+}  // namespace
+}  // namespace vexutiltools
+}  // namespace vexplot

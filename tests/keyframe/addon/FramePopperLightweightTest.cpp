@@ -1,0 +1,82 @@
+#include "addon/FramePopperLightweight.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "support/AddOnTest.h"
+#include "vexhost/Host.h"
+
+namespace vexplot {
+namespace vexutiltools {
+namespace {
+
+class FramePopperLightweightTest : public vextest::AddOnTest {
+protected:
+    // Three frames; the last created is on top and active: stack order 3, 2, 1.
+    void SetUp() override {
+        AddOnTest::SetUp();
+        for (int i = 0; i < 3; ++i)
+            host().frames().create(VexPlotType_Cartesian3D);
+    }
+
+    std::vector<VexUniqueID_t> stackOrder() const {
+        std::vector<VexUniqueID_t> ids;
+        for (int i = 0; i < host().frames().count(); ++i)
+            ids.push_back(host().frames().at(static_cast<std::size_t>(i)).uniqueId());
+        return ids;
+    }
+};
+
+TEST_F(FramePopperLightweightTest, VisitsEveryFrameTopFirstWithoutReordering) {
+    const std::vector<VexUniqueID_t> before = stackOrder();
+    {
+        FramePopperLightweight popper;
+        std::vector<VexUniqueID_t> visited{VexUtilFrameGetUniqueID()};
+        while (popper.popNext())
+            visited.push_back(VexUtilFrameGetUniqueID());
+        EXPECT_EQ((std::vector<VexUniqueID_t>{3, 2, 1}), visited);
+        EXPECT_EQ(before, stackOrder());
+    }
+    EXPECT_EQ(before, stackOrder());
+    EXPECT_FALSE(host().frames().isLightweightPopping());
+}
+
+TEST_F(FramePopperLightweightTest, DestroyedRightAfterConstructionVisitsTheRestAndEnds) {
+    host().callLog().setEnabled(true);
+    { FramePopperLightweight popper; }
+    EXPECT_EQ((std::vector<std::string>{
+                  "VexUtilLockStart(\"Key Frame Animation\")", "VexUtilFrameLightweightPopStart()",
+                  "VexUtilFrameLightweightPopNext()", "VexUtilFrameLightweightPopNext()",
+                  "VexUtilFrameLightweightPopNext()", "VexUtilFrameLightweightPopEnd()",
+                  "VexUtilLockFinish(\"Key Frame Animation\")"}),
+              host().callLog().take());
+    EXPECT_FALSE(host().frames().isLightweightPopping());
+}
+
+TEST_F(FramePopperLightweightTest, HoldsTheLockAndCountsAsAnOpenPopper) {
+    {
+        FramePopperLightweight popper;
+        EXPECT_EQ(1, host().lock().depth());
+        EXPECT_EQ(1, FramePopperAbstract::getOpenCount());
+    }
+    EXPECT_EQ(0, host().lock().depth());
+    EXPECT_EQ(0, FramePopperAbstract::getOpenCount());
+}
+
+TEST_F(FramePopperLightweightTest, EndsThePoppingWhenAnExceptionPasses) {
+    try {
+        FramePopperLightweight popper;
+        throw std::runtime_error("failed on the first frame");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_FALSE(host().frames().isLightweightPopping());
+    EXPECT_EQ(0, host().lock().depth());
+    EXPECT_EQ(0, FramePopperAbstract::getOpenCount());
+}
+
+}  // namespace
+}  // namespace vexutiltools
+}  // namespace vexplot

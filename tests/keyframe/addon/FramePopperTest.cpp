@@ -1,0 +1,123 @@
+#include "addon/FramePopper.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "support/AddOnTest.h"
+#include "vexhost/Host.h"
+
+namespace vexplot {
+namespace vexutiltools {
+namespace {
+
+class FramePopperTest : public vextest::AddOnTest {
+protected:
+    // Three frames; the last created is on top and active: stack order 3, 2, 1.
+    void SetUp() override {
+        AddOnTest::SetUp();
+        for (int i = 0; i < 3; ++i)
+            host().frames().create(VexPlotType_Cartesian3D);
+    }
+
+    std::vector<VexUniqueID_t> stackOrder() const {
+        std::vector<VexUniqueID_t> ids;
+        for (int i = 0; i < host().frames().count(); ++i)
+            ids.push_back(host().frames().at(static_cast<std::size_t>(i)).uniqueId());
+        return ids;
+    }
+    VexUniqueID_t activeId() const { return host().frames().active()->uniqueId(); }
+};
+
+TEST_F(FramePopperTest, DestroyedRightAfterConstructionStillCyclesThroughAllFrames) {
+    const std::vector<VexUniqueID_t> before = stackOrder();
+    host().callLog().setEnabled(true);
+    { FramePopper popper; }
+    const std::vector<std::string> log = host().callLog().take();
+    int pushes = 0;
+    for (const std::string& entry : log)
+        pushes += entry == "VexUtilFramePushTop()";
+    EXPECT_EQ(3, pushes);
+    ASSERT_GE(log.size(), 3u);
+    EXPECT_EQ("VexUtilFrameActivateByUniqueID(3)", log[log.size() - 3])
+        << "the frame active before is activated again";
+    EXPECT_EQ(before, stackOrder());
+    EXPECT_EQ(3, activeId());
+}
+
+TEST_F(FramePopperTest, PopNextBringsEachFrameToTheTopOnce) {
+    FramePopper popper;
+    std::vector<VexUniqueID_t> visited{activeId()};
+    while (popper.popNext())
+        visited.push_back(activeId());
+    EXPECT_EQ((std::vector<VexUniqueID_t>{3, 2, 1}), visited);
+    EXPECT_FALSE(popper.popNext()) << "a finished popper stays finished";
+}
+
+TEST_F(FramePopperTest, StoppingEarlyStillPutsTheStackBack) {
+    const std::vector<VexUniqueID_t> before = stackOrder();
+    {
+        FramePopper popper;
+        ASSERT_TRUE(popper.popNext());
+        EXPECT_EQ(2, activeId());
+    }
+    EXPECT_EQ(before, stackOrder());
+    EXPECT_EQ(3, activeId());
+}
+
+TEST_F(FramePopperTest, HoldsTheLockAndSuspendsDrawingWhilePopping) {
+    {
+        FramePopper popper;
+        EXPECT_EQ(1, host().lock().depth());
+        EXPECT_TRUE(host().drawing().isSuspended());
+        EXPECT_EQ(1, FramePopperAbstract::getOpenCount());
+    }
+    EXPECT_EQ(0, host().lock().depth());
+    EXPECT_FALSE(host().drawing().isSuspended());
+    EXPECT_EQ(0, FramePopperAbstract::getOpenCount());
+}
+
+TEST_F(FramePopperTest, NestedPoppersAreCounted) {
+    FramePopper outer;
+    {
+        FramePopper inner;
+        EXPECT_EQ(2, FramePopperAbstract::getOpenCount());
+    }
+    EXPECT_EQ(1, FramePopperAbstract::getOpenCount());
+}
+
+TEST_F(FramePopperTest, ExactHostCallsWithOneFrame) {
+    host().frames().removeAll();
+    const VexUniqueID_t id = host().frames().create(VexPlotType_Cartesian3D).uniqueId();
+    host().callLog().setEnabled(true);
+    { FramePopper popper; }
+    const std::string idText = std::to_string(id);
+    EXPECT_EQ((std::vector<std::string>{
+                  "VexUtilLockStart(\"Key Frame Animation\")", "VexUtilFrameGetUniqueID()",
+                  "VexUtilFrameActivateTop()", "VexUtilFrameGetUniqueID()",
+                  "VexUtilDrawGraphics(false)", "VexUtilFramePushTop()",
+                  "VexUtilFrameGetUniqueID()", "VexUtilFrameActivateByUniqueID(" + idText + ")",
+                  "VexUtilDrawGraphics(true)", "VexUtilLockFinish(\"Key Frame Animation\")"}),
+              host().callLog().take());
+}
+
+TEST_F(FramePopperTest, RestoresFramesDrawingAndLockWhenAnExceptionPasses) {
+    const std::vector<VexUniqueID_t> before = stackOrder();
+    try {
+        FramePopper popper;
+        popper.popNext();
+        throw std::runtime_error("failed on the second frame");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_EQ(before, stackOrder());
+    EXPECT_EQ(3, activeId());
+    EXPECT_FALSE(host().drawing().isSuspended());
+    EXPECT_EQ(0, host().lock().depth());
+    EXPECT_EQ(0, FramePopperAbstract::getOpenCount());
+}
+
+}  // namespace
+}  // namespace vexutiltools
+}  // namespace vexplot

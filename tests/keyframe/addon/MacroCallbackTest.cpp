@@ -1,0 +1,64 @@
+#include "addon/MacroCallback.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "addon/HostString.h"
+#include "support/AddOnTest.h"
+#include "vexhost/Host.h"
+
+namespace vexplot {
+namespace vexutiltools {
+namespace {
+
+const std::string NotAvailable = "Macro commands are not available yet.";
+
+class MacroCallbackTest : public vextest::AddOnTest {};
+
+TEST_F(MacroCallbackTest, EveryCommandFailsWithTheAddOnsErrorText) {
+    for (const char* command : {"Animate AnimationDestination=OnScreen", "OpenSettingsFile", ""}) {
+        const vexhost::AddOnRegistry::CommandResult result =
+            host().addOns().runMacroCommand("Key Frame Animation", command);
+        EXPECT_FALSE(result.ok) << command;
+        EXPECT_EQ("Key Frame Animation error:\n" + NotAvailable, result.error) << command;
+    }
+}
+
+TEST_F(MacroCallbackTest, AllocatesTheMessageLengthPlus29UnderTheLock) {
+    host().callLog().setEnabled(true);
+    HostString errorText;
+    EXPECT_FALSE(macroCallback("Animate", errorText.receive()));
+    EXPECT_EQ("Key Frame Animation error:\n" + NotAvailable, errorText.str());
+    const std::vector<std::string> log = host().callLog().take();
+    ASSERT_EQ(3u, log.size());
+    EXPECT_EQ("VexUtilLockStart(\"Key Frame Animation\")", log[0]);
+    EXPECT_EQ("VexUtilStringAlloc(" + std::to_string(NotAvailable.size() + 29) +
+                  ", \"Key Frame Animation macro error\")",
+              log[1]);
+    EXPECT_EQ("VexUtilLockFinish(\"Key Frame Animation\")", log[2]);
+}
+
+TEST_F(MacroCallbackTest, RefusedAllocationFailsWithNothingStored) {
+    host().memory().failStringAllocation(1);
+    char* errorText = nullptr;
+    EXPECT_FALSE(macroCallback("Animate", &errorText));
+    EXPECT_EQ(nullptr, errorText);
+}
+
+TEST_F(MacroCallbackTest, StoreMacroErrorFormatsAnyMessageUnderTheAddOnName) {
+    HostString errorText;
+    storeMacroError("Unknown macro command: Fly", errorText.receive());
+    EXPECT_EQ("Key Frame Animation error:\nUnknown macro command: Fly", errorText.str());
+}
+
+TEST_F(MacroCallbackTest, StoreMacroErrorKeepsAnEmptyMessage) {
+    HostString errorText;
+    storeMacroError("", errorText.receive());
+    EXPECT_EQ("Key Frame Animation error:\n", errorText.str());
+}
+
+}  // namespace
+}  // namespace vexutiltools
+}  // namespace vexplot
