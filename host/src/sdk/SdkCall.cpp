@@ -1,0 +1,73 @@
+#include "sdk/SdkCall.h"
+
+namespace vexhost {
+namespace sdk {
+
+void appendArg(std::string& out, AddOnArg value) {
+    out += Host::instance().addOns().describe(value.handle);
+}
+
+void appendArg(std::string& out, const StyleArgs& value) {
+    // Path words in P1..P6 order, whatever order the list has them in, then the value of a set.
+    const VexArg_s* words[6] = {};
+    const VexArg_s* valueArg = nullptr;
+    for (int32_t n = 0; value.args != nullptr && n < value.count; ++n) {
+        const VexArg_s& arg = value.args[n];
+        if (arg.name == nullptr)
+            continue;
+        if ((arg.name[0] == 'P' || arg.name[0] == 'p') && arg.name[1] >= '1' &&
+            arg.name[1] <= '6' && arg.name[2] == '\0')
+            words[arg.name[1] - '1'] = &arg;
+        else
+            valueArg = &arg;
+    }
+    bool first = true;
+    auto separate = [&] {
+        if (!first)
+            out += ", ";
+        first = false;
+    };
+    for (const VexArg_s* word : words) {
+        if (word == nullptr)
+            continue;
+        separate();
+        text::appendQuoted(out, word->type == VexArgType_String ? word->value.s : nullptr);
+    }
+    if (!value.withValue || valueArg == nullptr)
+        return;
+    separate();
+    switch (valueArg->type) {
+        case VexArgType_String:
+            text::appendQuoted(out, valueArg->value.s);
+            break;
+        case VexArgType_Double:
+            text::appendNumber(out, valueArg->value.d);
+            break;
+        case VexArgType_Int:
+            text::appendNumber(out, valueArg->value.i);
+            break;
+        case VexArgType_Bool:
+            out += valueArg->value.b ? "true" : "false";
+            break;
+        default:
+            out += "<pointer>";
+            break;
+    }
+}
+
+Frame* SdkCall::requireActiveFrame() const {
+    Frame* frame = host_.frames().active();
+    if (frame == nullptr)
+        error("there is no frame");
+    return frame;
+}
+
+Frame* SdkCall::requireCurrentFrame() const {
+    Frame* frame = host_.frames().current();
+    if (frame == nullptr)
+        error("there is no frame");
+    return frame;
+}
+
+}  // namespace sdk
+}  // namespace vexhost

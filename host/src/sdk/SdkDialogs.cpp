@@ -1,0 +1,67 @@
+// Messages, file dialogs, help and menu items.
+#include <string>
+
+#include "sdk/SdkCall.h"
+#include "vxappaddonuiaction.h"
+
+using vexhost::sdk::SdkCall;
+
+void VexUtilDialogErrMsg(const char* message) {
+    SdkCall call("VexUtilDialogErrMsg", message);
+    if (message == nullptr) {
+        call.error("the message is missing");
+        return;
+    }
+    call.host().dialogs().showError(message);
+}
+
+bool VexUtilDialogMessageBox(const char* message, VexMessageBoxType_e boxType) {
+    SdkCall call("VexUtilDialogMessageBox", message, boxType);
+    if (message == nullptr) {
+        call.error("the message is missing");
+        return false;
+    }
+    if (boxType < VexMessageBox_Error || boxType > VexMessageBox_YesNo) {
+        call.error("unknown message box type " + std::to_string(boxType));
+        return false;
+    }
+    return call.host().dialogs().showMessageBox(message, boxType);
+}
+
+bool VexUtilMenuAddOption(const char* menuPath, const char* label, int32_t mnemonic,
+                          VexMenuCallback_pf callback) {
+    SdkCall call("VexUtilMenuAddOption", menuPath, label, mnemonic);
+    return call.host().addOns().addMenuOption(menuPath, label, mnemonic, callback);
+}
+
+bool VexUtilDialogGetFileName(VexSelectFileOption_e dialogOption, char** fileName,
+                              const char* fileTypeName, const char* defaultFileName,
+                              const char* defaultFilter) {
+    SdkCall call("VexUtilDialogGetFileName", dialogOption, fileTypeName, defaultFileName,
+                 defaultFilter);
+    if (fileName == nullptr) {
+        call.error("no place for the file name was given");
+        return false;
+    }
+    *fileName = nullptr;
+    if (dialogOption < VexSelectFile_ReadSingleFile || dialogOption > VexSelectFile_WriteFile) {
+        call.error("unknown file dialog mode " + std::to_string(dialogOption));
+        return false;
+    }
+    const std::optional<std::string> answer = call.host().dialogs().askFileName(
+        dialogOption, fileTypeName, defaultFileName, defaultFilter);
+    if (!answer)
+        return false;
+    *fileName = call.host().memory().copyString(*answer);
+    return *fileName != nullptr;
+}
+
+bool VexUtilHelp(const char* helpPage) {
+    SdkCall call("VexUtilHelp", helpPage);
+    if (helpPage == nullptr) {
+        call.error("the help page is missing");
+        return false;
+    }
+    call.host().dialogs().showHelp(helpPage);
+    return true;
+}

@@ -1,0 +1,69 @@
+// Export setup and the export state machine.
+#include "sdk/SdkCall.h"
+
+using vexhost::sdk::SdkCall;
+using vexhost::sdk::StringInInteger;
+
+namespace {
+
+bool isFileNameAttribute(const char* attribute) {
+    if (attribute == nullptr)
+        return false;
+    const char* expected = "exportfname";
+    for (; *attribute != '\0' && *expected != '\0'; ++attribute, ++expected) {
+        const char c = (*attribute >= 'A' && *attribute <= 'Z') ? static_cast<char>(*attribute + 32)
+                                                                : *attribute;
+        if (c != *expected)
+            return false;
+    }
+    return *attribute == *expected;
+}
+
+}  // namespace
+
+VexSetValueReturnCode_e VexUtilExportSetup(const char* attribute, const char* subAttribute,
+                                           double doubleValue, VexArbParam_t intValue) {
+    // The file name travels in the integer; logged as the string it points to.
+    if (isFileNameAttribute(attribute)) {
+        SdkCall call("VexUtilExportSetup", attribute, subAttribute, doubleValue,
+                     StringInInteger{intValue});
+        call.requireLock();
+        return call.host().exporter().setup(attribute, subAttribute, doubleValue, intValue);
+    }
+    SdkCall call("VexUtilExportSetup", attribute, subAttribute, doubleValue, intValue);
+    call.requireLock();
+    if (attribute == nullptr) {
+        call.error("the attribute name is missing");
+        return VexSetValue_InvalidCommandOption;
+    }
+    return call.host().exporter().setup(attribute, subAttribute, doubleValue, intValue);
+}
+
+bool VexUtilExportIsRecording(void) {
+    SdkCall call("VexUtilExportIsRecording");
+    return call.host().exporter().isRecording();
+}
+
+bool VexUtilExportStart(void) {
+    SdkCall call("VexUtilExportStart");
+    call.requireLock();
+    return call.host().exporter().start();
+}
+
+bool VexUtilExportNextFrame(void) {
+    SdkCall call("VexUtilExportNextFrame");
+    call.requireLock();
+    return call.host().exporter().nextFrame();
+}
+
+bool VexUtilExportFinish(void) {
+    SdkCall call("VexUtilExportFinish");
+    call.requireLock();
+    return call.host().exporter().finish();
+}
+
+bool VexUtilExportCancel(void) {
+    SdkCall call("VexUtilExportCancel");
+    call.requireLock();
+    return call.host().exporter().cancel();
+}
