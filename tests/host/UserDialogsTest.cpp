@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/HostTest.h"
+#include "support/SdkPrinters.h"
+#include "vxappaddonuiaction.h"
+#include "vxsdkbase.h"
+
+namespace {
+
+using vexhost::UserDialogs;
+
+class UserDialogsTest : public vextest::HostTest {};
+
+TEST_F(UserDialogsTest, ErrorDialogIsRecordedAndShownThroughTheSink) {
+    std::vector<std::pair<UserDialogs::Kind, std::string>> shown;
+    host().dialogs().setSink(
+        [&](UserDialogs::Kind kind, const std::string& text) { shown.emplace_back(kind, text); });
+    VexUtilDialogErrMsg("Keyframe animation is only allowed with 3D plots.");
+    EXPECT_TRUE(VexUtilDialogMessageBox("Saved.\n", VexMessageBox_Information));
+    EXPECT_EQ(host().dialogs().errorMessages(),
+              std::vector<std::string>{"Keyframe animation is only allowed with 3D plots."});
+    ASSERT_EQ(shown.size(), 2u);
+    EXPECT_EQ(shown[0].first, UserDialogs::Kind::ErrorDialog);
+    EXPECT_EQ(shown[1].first, UserDialogs::Kind::InformationBox);
+    EXPECT_EQ(shown[1].second, "Saved.\n");
+}
+
+TEST_F(UserDialogsTest, YesNoQuestionsTakeTheQueuedAnswersInOrder) {
+    host().dialogs().queueAnswer(true);
+    host().dialogs().queueAnswer(false);
+    EXPECT_TRUE(VexUtilDialogMessageBox("Overwrite?", VexMessageBox_YesNo));
+    EXPECT_FALSE(VexUtilDialogMessageBox("Really?", VexMessageBox_Question));
+    EXPECT_EQ(host().dialogs().pendingAnswers(), 0u);
+    ASSERT_EQ(host().dialogs().messageBoxes().size(), 2u);
+    EXPECT_EQ(host().dialogs().messageBoxes()[0].type, VexMessageBox_YesNo);
+    EXPECT_TRUE(host().dialogs().messageBoxes()[0].answer);
+    EXPECT_FALSE(host().dialogs().messageBoxes()[1].answer);
+}
+
+TEST_F(UserDialogsTest, WarningsAndErrorBoxesTakeNoAnswer) {
+    host().dialogs().queueAnswer(false);
+    EXPECT_TRUE(VexUtilDialogMessageBox("Careful.", VexMessageBox_Warning));
+    EXPECT_TRUE(VexUtilDialogMessageBox("Broken.", VexMessageBox_Error));
+    EXPECT_EQ(host().dialogs().pendingAnswers(), 1u);
+}
+
+TEST_F(UserDialogsTest, QuestionWithoutAQueuedAnswerIsAHostErrorNamingIt) {
+    EXPECT_FALSE(VexUtilDialogMessageBox("The file: a.keyframe exists.\nAre you sure?",
+                                         VexMessageBox_YesNo));
+    EXPECT_EQ(takeHostErrors(),
+              std::vector<std::string>{"VexUtilDialogMessageBox: no answer was queued for the "
+                                       "question \"The file: a.keyframe exists.\\nAre you "
+                                       "sure?\"; answered No"});
+}
+
+TEST_F(UserDialogsTest, FileDialogTakesTheQueuedNamesAndRecordsItsArguments) {
+    host().dialogs().queueFileName("/tmp/anim ü.keyframe");
+    host().dialogs().queueFileCancel();
+    char* name = nullptr;
+    ASSERT_TRUE(VexUtilDialogGetFileName(VexSelectFile_WriteFile, &name, "Key Frame Animation",
+                                         "animation.keyframe", "*.keyframe"));
+    EXPECT_STREQ(name, "/tmp/anim ü.keyframe");
+    VexUtilStringDealloc(&name);
+    EXPECT_FALSE(VexUtilDialogGetFileName(VexSelectFile_ReadSingleFile, &name, "A", "b", "*.c"));
+    EXPECT_EQ(name, nullptr);
+    EXPECT_FALSE(VexUtilDialogGetFileName(VexSelectFile_ReadSingleFile, &name, "A", "b", "*.c"))
+        << "an empty queue is Cancel";
+    const std::vector<UserDialogs::FileDialog>& dialogs = host().dialogs().fileDialogs();
+    ASSERT_EQ(dialogs.size(), 3u);
+    EXPECT_EQ(dialogs[0].mode, VexSelectFile_WriteFile);
+    EXPECT_EQ(dialogs[0].fileTypeName, "Key Frame Animation");
+    EXPECT_EQ(dialogs[0].defaultFileName, "animation.keyframe");
+    EXPECT_EQ(dialogs[0].filter, "*.keyframe");
+    EXPECT_EQ(dialogs[0].answer, std::optional<std::string>("/tmp/anim ü.keyframe"));
+    EXPECT_EQ(dialogs[1].answer, std::nullopt);
+}
+
+TEST_F(UserDialogsTest, HelpPagesAreRecorded) {
+    EXPECT_TRUE(VexUtilHelp("addons.html#addons/working-with/keyframe"));
+    EXPECT_EQ(host().dialogs().helpPages(),
+              std::vector<std::string>{"addons.html#addons/working-with/keyframe"});
+}
+
+}  // namespace

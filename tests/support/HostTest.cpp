@@ -1,0 +1,63 @@
+#include "support/HostTest.h"
+
+namespace vextest {
+
+using vexhost::Bookkeeping;
+
+void HostTest::SetUp() {
+    host().reset();
+}
+
+void HostTest::TearDown() {
+    vexhost::Host& h = host();
+    EXPECT_TRUE(h.errors().empty()) << "host errors:\n"
+                                    << ::testing::PrintToString(h.errors().texts());
+    EXPECT_EQ(h.lock().depth(), 0) << "a lock is still held";
+    EXPECT_FALSE(h.drawing().isSuspended()) << "drawing is still suspended";
+    EXPECT_FALSE(h.progress().isOpen())
+        << "the percent-done status \"" << h.progress().text() << "\" is still open";
+    EXPECT_FALSE(h.exporter().isRecording()) << "an export is still recording";
+    const Bookkeeping& memory = h.memory();
+    EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::String), 0u) << "host strings leaked";
+    EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::Array), 0u) << "host arrays leaked";
+    EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::Set), 0u) << "host sets leaked";
+    EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::StringList), 0u) << "host string lists leaked";
+}
+
+vexhost::Frame& HostTest::createFrame3D() {
+    return createFrame(VexPlotType_Cartesian3D);
+}
+
+vexhost::Frame& HostTest::createFrame(VexPlotType_e plotType) {
+    return host().frames().create(plotType);
+}
+
+int32_t HostTest::addZone(double solutionTime, int32_t strandId, const std::string& name) {
+    vexhost::Zone zone;
+    zone.name = name;
+    zone.solutionTime = solutionTime;
+    zone.strandId = strandId;
+    return host().dataSet().addZone(std::move(zone));
+}
+
+VexAddOn_pa HostTest::registerAddOn(const char* name) {
+    VexUtilLockOn();
+    VexAddOn_pa addOn = VexUtilAddOnRegister(110, name, "1.0", "Test Maker");
+    VexUtilLockOff();
+    return addOn;
+}
+
+std::vector<std::string> HostTest::takeHostErrors() {
+    return host().errors().take();
+}
+
+void HostTest::startCallLog() {
+    host().callLog().clear();
+    host().callLog().setEnabled(true);
+}
+
+std::vector<std::string> HostTest::takeCallLog() {
+    return host().callLog().take();
+}
+
+}  // namespace vextest
