@@ -1,0 +1,57 @@
+// The host's picture maker: draws a SceneState with OpenGL 3.3 core through EGL, without a window
+// or display server. Mesa's software rasteriser is used on machines without a GPU, a GPU's own EGL
+// where one is present.
+//
+// What a picture shows:
+// - every zone as a lit surface, coloured by its scalar through a blue-cyan-green-yellow-red colour
+//   map over [scalarMin, scalarMax];
+// - one directional light from the viewer whose strength is lightIntensity / 100, plus an ambient
+//   term of backgroundLight / 100. Unlit parts (background, axis box, streamtrace lines) are scaled
+//   by (lightIntensity + backgroundLight) / 100, capped at 1, so lighting 0 and 0 is a black
+//   picture; the host's defaults (75 and 25) show everything at full brightness;
+// - the 3D frame axis (the edges of the data bounds box, and X, Y, Z axis lines in red, green and
+//   blue) when axisShow;
+// - streamtraces as lines; with showMarkers, small cubes at timeAnchor + k * deltaTime along each
+//   trace; with showDashes, only the dash intervals instead of the whole line.
+//
+// Deterministic: the same scene and size give the same pixels. Not thread-safe: use one renderer
+// from one thread at a time. Surface buffers are kept per ZoneGeometry (by identity) while the
+// geometry is alive, so drawing the same zones again uploads nothing.
+#ifndef VEXHOST_EGLRENDERER_H
+#define VEXHOST_EGLRENDERER_H
+
+#include <memory>
+#include <string>
+
+#include "vexhost/Renderer.h"
+
+namespace vexhost {
+
+class EglRenderer final : public Renderer {
+public:
+    // Starts an OpenGL context. Throws std::runtime_error naming the cause when no EGL display or
+    // OpenGL 3.3 core context can be made.
+    static std::unique_ptr<EglRenderer> create();
+
+    ~EglRenderer() override;
+    EglRenderer(const EglRenderer&) = delete;
+    EglRenderer& operator=(const EglRenderer&) = delete;
+
+    // width, height > 0 and supersample >= 1, or std::invalid_argument. A supersample factor that
+    // would exceed the renderer's size limits is lowered to the largest that fits; a picture too
+    // large even without supersampling throws std::runtime_error naming the limit.
+    Image render(const SceneState& scene, int width, int height, int supersample) override;
+
+    // The OpenGL renderer and version, for logs ("llvmpipe (LLVM 15.0.6, 256 bits), 4.5 ...").
+    std::string description() const;
+
+private:
+    struct Resources;
+    explicit EglRenderer(std::unique_ptr<Resources> resources);
+
+    std::unique_ptr<Resources> resources_;  // owns the context and every GL object
+};
+
+}  // namespace vexhost
+
+#endif
