@@ -1,0 +1,253 @@
+#include "movie/FfmpegEncoder.h"
+
+extern "C" {
+#include <libavutil/dict.h>
+}
+
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
+
+#include "movie/FfmpegLog.h"
+
+namespace vexhost {
+namespace {
+
+// An option list as FFmpeg takes it; freed with the scope.
+class Dictionary {
+public:
+    explicit Dictionary(const MovieEncoding::Options& options) {
+        for (const auto& [key, value] : options) {
+            av_dict_set(&dictionary_, key.c_str(), value.c_str(), 0);
+        }
+    }
+    ~Dictionary() { av_dict_free(&dictionary_); }
+    Dictionary(const Dictionary&) = delete;
+    Dictionary& operator=(const Dictionary&) = delete;
+
+    AVDictionary** get() { return &dictionary_; }
+    // The first option nobody took, or empty: a misspelt option must not pass silently.
+    std::string leftOver() const {
+        const AVDictionaryEntry* entry =
+            av_dict_get(dictionary_, "", nullptr, AV_DICT_IGNORE_SUFFIX);
+        return entry != nullptr ? entry->key : "";
+    }
+
+private:
+    AVDictionary* dictionary_ = nullptr;  // owned
+};
+
+}  // namespace
+
+void FfmpegEncoder::FormatCloser::operator()(AVFormatContext* format) const {
+    if (!(format->oformat->flags & AVFMT_NOFILE)) {
+        avio_closep(&format->pb);
+    }
+    avformat_free_context(format);
+}
+
+void FfmpegEncoder::CodecCloser::operator()(AVCodecContext* codec) const {
+    avcodec_free_context(&codec);
+}
+
+void FfmpegEncoder::FrameCloser::operator()(AVFrame* frame) const {
+    av_frame_free(&frame);
+}
+
+void FfmpegEncoder::PacketCloser::operator()(AVPacket* packet) const {
+    av_packet_free(&packet);
+}
+
+void FfmpegEncoder::ScalerCloser::operator()(SwsContext* scaler) const {
+    sws_freeContext(scaler);
+}
+
+FfmpegEncoder::FfmpegEncoder(const MovieEncoding& encoding, const std::string& path,
+                             const std::string& displayName, int width, int height,
+                             AVRational frameRate)
+    : displayName_(displayName),
+      description_(encoding.description),
+      width_(width),
+      height_(height) {
+    FfmpegLog::install();
+    FfmpegLog::clear();
+
+    AVFormatContext* format = nullptr;
+    int error =
+        avformat_alloc_output_context2(&format, nullptr, encoding.container.c_str(), path.c_str());
+    if (error < 0 || format == nullptr) {
+        fail("has no container " + encoding.container, error);
+    }
+    format_.reset(format);
+
+    const AVCodec* codec = avcodec_find_encoder_by_name(encoding.encoder.c_str());
+    if (codec == nullptr) {
+        fail("has no encoder " + encoding.encoder, AVERROR_ENCODER_NOT_FOUND);
+    }
+    stream_ = avformat_new_stream(format_.get(), nullptr);
+    codec_.reset(avcodec_alloc_context3(codec));
+    if (stream_ == nullptr || !codec_) {
+        fail("cannot be set up", AVERROR(ENOMEM));
+    }
+    codec_->width = encoding.evenSize ? (width + 1) / 2 * 2 : width;
+    codec_->height = encoding.evenSize ? (height + 1) / 2 * 2 : height;
+    codec_->pix_fmt = encoding.pixelFormat;
+    codec_->time_base = av_inv_q(frameRate);
+    codec_->framerate = frameRate;
+    codec_->sample_aspect_ratio = AVRational{1, 1};
+    // One encoder thread: the renderer keeps the other cores busy while this worker encodes.
+    codec_->thread_count = 1;
+    if (encoding.qscale > 0) {
+        codec_->flags |= AV_CODEC_FLAG_QSCALE;
+        codec_->global_quality = FF_QP2LAMBDA * encoding.qscale;
+    }
+    if (encoding.pixelFormat == AV_PIX_FMT_YUV420P) {
+        // The pictures are converted with the BT.601 matrix into limited range; say so, so players
+        // convert back the same way.
+        codec_->color_range = AVCOL_RANGE_MPEG;
+        codec_->colorspace = AVCOL_SPC_SMPTE170M;
+    }
+    if (format_->oformat->flags & AVFMT_GLOBALHEADER) {
+        codec_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    }
+    Dictionary encoderOptions(encoding.encoderOptions);
+    error = avcodec_open2(codec_.get(), codec, encoderOptions.get());
+    if (error < 0) {
+        fail("cannot be encoded", error);
+    }
+    if (!encoderOptions.leftOver().empty()) {
+        throw std::logic_error("FfmpegEncoder::FfmpegEncoder(): encoder " + encoding.encoder +
+                               " has no option " + encoderOptions.leftOver());
+    }
+    error = avcodec_parameters_from_context(stream_->codecpar, codec_.get());
+    if (error < 0) {
+        fail("cannot be set up", error);
+    }
+    stream_->time_base = codec_->time_base;
+    stream_->avg_frame_rate = frameRate;
+    stream_->r_frame_rate = frameRate;
+
+    if (!(format_->oformat->flags & AVFMT_NOFILE)) {
+        error = avio_open(&format_->pb, path.c_str(), AVIO_FLAG_WRITE);
+        if (error < 0) {
+            char text[AV_ERROR_MAX_STRING_SIZE] = {};
+            av_strerror(error, text, sizeof text);
+            throw std::runtime_error("Cannot write the movie file \"" + displayName_ +
+                                     "\": " + text);
+        }
+    }
+    Dictionary muxerOptions(encoding.muxerOptions);
+    error = avformat_write_header(format_.get(), muxerOptions.get());
+    if (error < 0) {
+        fail("cannot be written", error);
+    }
+    if (!muxerOptions.leftOver().empty()) {
+        throw std::logic_error("FfmpegEncoder::FfmpegEncoder(): container " + encoding.container +
+                               " has no option " + muxerOptions.leftOver());
+    }
+
+    frame_.reset(av_frame_alloc());
+    packet_.reset(av_packet_alloc());
+    if (!frame_ || !packet_) {
+        fail("cannot be set up", AVERROR(ENOMEM));
+    }
+    frame_->format = codec_->pix_fmt;
+    frame_->width = codec_->width;
+    frame_->height = codec_->height;
+    error = av_frame_get_buffer(frame_.get(), 0);
+    if (error < 0) {
+        fail("cannot be set up", error);
+    }
+    scaler_.reset(sws_getContext(codec_->width, codec_->height, AV_PIX_FMT_RGB24, codec_->width,
+                                 codec_->height, codec_->pix_fmt,
+                                 SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT, nullptr,
+                                 nullptr, nullptr));
+    if (!scaler_) {
+        fail("has no conversion from RGB", AVERROR(EINVAL));
+    }
+}
+
+FfmpegEncoder::~FfmpegEncoder() = default;
+
+void FfmpegEncoder::write(const Image& frame) {
+    if (frame.width != width_ || frame.height != height_ ||
+        frame.rgb.size() != static_cast<std::size_t>(width_) * height_ * 3) {
+        throw std::invalid_argument("FfmpegEncoder::write(): picture of " +
+                                    std::to_string(frame.width) + " x " +
+                                    std::to_string(frame.height) + " for a movie of " +
+                                    std::to_string(width_) + " x " + std::to_string(height_));
+    }
+    const uint8_t* source = frame.rgb.data();
+    int sourceStride = width_ * 3;
+    if (codec_->width != width_ || codec_->height != height_) {
+        const int stride = codec_->width * 3;
+        padded_.resize(static_cast<std::size_t>(stride) * codec_->height);
+        for (int y = 0; y < codec_->height; ++y) {
+            const uint8_t* in = frame.rgb.data() +
+                                static_cast<std::size_t>(std::min(y, height_ - 1)) * sourceStride;
+            uint8_t* out = padded_.data() + static_cast<std::size_t>(y) * stride;
+            std::memcpy(out, in, static_cast<std::size_t>(sourceStride));
+            for (int x = width_; x < codec_->width; ++x) {
+                std::memcpy(out + 3 * x, in + 3 * (width_ - 1), 3);
+            }
+        }
+        source = padded_.data();
+        sourceStride = stride;
+    }
+    FfmpegLog::clear();
+    int error = av_frame_make_writable(frame_.get());
+    if (error < 0) {
+        fail("cannot be encoded", error);
+    }
+    sws_scale(scaler_.get(), &source, &sourceStride, 0, codec_->height, frame_->data,
+              frame_->linesize);
+    frame_->pts = nextTimestamp_++;
+    // Encoders with a fixed quantiser take it from each frame, not from the codec context.
+    frame_->quality = codec_->global_quality;
+    encode(frame_.get());
+}
+
+void FfmpegEncoder::finish() {
+    FfmpegLog::clear();
+    encode(nullptr);
+    const int error = av_write_trailer(format_.get());
+    if (error < 0) {
+        fail("cannot be completed", error);
+    }
+    if (!(format_->oformat->flags & AVFMT_NOFILE)) {
+        avio_closep(&format_->pb);
+    }
+}
+
+void FfmpegEncoder::encode(const AVFrame* frame) {
+    int error = avcodec_send_frame(codec_.get(), frame);
+    if (error < 0) {
+        fail("cannot be encoded", error);
+    }
+    for (;;) {
+        error = avcodec_receive_packet(codec_.get(), packet_.get());
+        if (error == AVERROR(EAGAIN) || error == AVERROR_EOF) {
+            return;
+        }
+        if (error < 0) {
+            fail("cannot be encoded", error);
+        }
+        av_packet_rescale_ts(packet_.get(), codec_->time_base, stream_->time_base);
+        packet_->stream_index = stream_->index;
+        // Takes the packet's data and leaves it empty for the next one.
+        error = av_interleaved_write_frame(format_.get(), packet_.get());
+        if (error < 0) {
+            fail("cannot be written", error);
+        }
+    }
+}
+
+void FfmpegEncoder::fail(const std::string& what, int errorCode) const {
+    std::string subject = "The movie \"" + displayName_ + "\"";
+    if (!description_.empty()) {
+        subject += " (" + description_ + ")";
+    }
+    throw std::runtime_error(subject + " " + what + ": " + FfmpegLog::describe(errorCode));
+}
+
+}  // namespace vexhost

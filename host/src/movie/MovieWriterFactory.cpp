@@ -1,0 +1,18 @@
+#include "vexhost/MovieWriterFactory.h"
+
+#include "movie/FfmpegMovieWriter.h"
+#include "movie/MovieEncoding.h"
+
+namespace vexhost {
+
+bool isMovieFormat(int exportFormat) {
+    return MovieEncoding::isMovieFormat(exportFormat);
+}
+
+std::unique_ptr<MovieWriter> createMovieWriter(const ExportSettings& settings) {
+    // Refuses what cannot be encoded now, before the export has started anything.
+    MovieEncoding::forSettings(settings);
+    return std::make_unique<FfmpegMovieWriter>(settings.format);
+}
+
+}  // namespace vexhost
