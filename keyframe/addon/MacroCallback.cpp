@@ -5,13 +5,13 @@
 #include "addon/AddOn.h"
 #include "addon/HostString.h"
 #include "addon/LockScope.h"
+#include "macro/AddOnMacroCommandManager.h"
 
 namespace vexplot {
 namespace vexutiltools {
 
-bool macroCallback(const char* /*commandString*/, char** errMsg) {
-    storeMacroError("Macro commands are not available yet.", errMsg);
-    return false;
+bool macroCallback(const char* commandString, char** errMsg) {
+    return AddOnMacroCommandManager::macroCommandCallback(commandString, errMsg);
 }
 
 void storeMacroError(const std::string& message, char** errMsg) {

@@ -9,10 +9,8 @@ namespace vexutiltools {
 // The handler of the add-on's macro commands, registered with the host under the add-on's name.
 // The host passes the command string and a place for an error message; the answer is true when
 // the command ran. On failure *errMsg receives a host string (which the host frees) holding
-// "Key Frame Animation error:\n" followed by the message.
-//
-// The add-on does not run macro commands yet: every command fails with "Macro commands are not
-// available yet.".
+// "Key Frame Animation error:\n" followed by the message. The work is the macro command
+// manager's (AddOnMacroCommandManager::macroCommandCallback): parsing, and the command's executer.
 bool macroCallback(const char* commandString, char** errMsg);
 
 // Stores the failure text for `message` in *errMsg, under the host lock: a host string of the

@@ -77,9 +77,9 @@ TEST_F(PluginLoadTest, MenuItemWithA2DFrameShowsOnlyAllowedWith3DPlots) {
 
 TEST_F(PluginLoadTest, MacroCommandFailsWithTheAddOnErrorText) {
     const vexhost::AddOnRegistry::CommandResult result =
-        host().addOns().runMacroCommand("Key Frame Animation", "Animate");
+        host().addOns().runMacroCommand("Key Frame Animation", "Fly");
     EXPECT_FALSE(result.ok);
-    EXPECT_EQ("Key Frame Animation error:\nMacro commands are not available yet.", result.error);
+    EXPECT_EQ("Key Frame Animation error:\nUnknown macro command: Fly", result.error);
 }
 
 }  // namespace
