@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -14,6 +15,10 @@
 #include "render/SceneCamera.h"
 #include "render/StreamtraceMarks.h"
 #include "render/ZoneMeshCache.h"
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace vexhost {
 namespace {
@@ -172,6 +177,21 @@ void setMatrices(const GlProgram& program, const SceneCamera& camera) {
     glUniformMatrix4fv(program.uniform("uProjection"), 1, GL_FALSE, camera.projection().data());
 }
 
+// Every picture allocates and frees buffers of megabytes (the software rasteriser's vertex and bin
+// memory, the picture itself). With the C library's default, adaptive thresholds, freed memory at
+// the top of the heap goes back to the system and comes back as fresh pages for the next picture:
+// page faults that cost as much as the drawing when an animation alternates between surfaces. The
+// process keeps such memory for reuse instead (up to 256 MB, beyond which it is returned).
+void keepFreedMemoryForReuse() {
+#ifdef __GLIBC__
+    static std::once_flag once;
+    std::call_once(once, [] {
+        mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
+        mallopt(M_TRIM_THRESHOLD, 256 * 1024 * 1024);
+    });
+#endif
+}
+
 }  // namespace
 
 struct EglRenderer::Resources {
@@ -269,6 +289,7 @@ struct EglRenderer::Resources {
 };
 
 std::unique_ptr<EglRenderer> EglRenderer::create() {
+    keepFreedMemoryForReuse();
     return std::unique_ptr<EglRenderer>(new EglRenderer(std::make_unique<Resources>()));
 }
 
@@ -401,7 +422,8 @@ void EglRenderer::Resources::drawSurfaces(const DrawList& list) {
     glVertexAttrib3f(3, 0, 0, 0);  // zones have no per-instance offset
     for (const ZoneMeshCache::Mesh* mesh : list.surfaces) {
         glBindVertexArray(mesh->vertexArray.name());
-        glDrawElements(GL_TRIANGLES, mesh->indexCount, GL_UNSIGNED_INT, nullptr);
+        glDrawRangeElements(GL_TRIANGLES, 0, mesh->lastVertex, mesh->indexCount, GL_UNSIGNED_INT,
+                            nullptr);
     }
     glDisable(GL_POLYGON_OFFSET_FILL);
 }

@@ -130,6 +130,7 @@ const ZoneMeshCache::Mesh& ZoneMeshCache::mesh(
                  GL_STATIC_DRAW);
     glBindVertexArray(0);
     mesh.indexCount = static_cast<GLsizei>(g.triangles.size());
+    mesh.lastVertex = n > 0 ? static_cast<GLuint>(n - 1) : 0;
 
     return meshes_.emplace(geometry.get(), std::move(mesh)).first->second;
 }

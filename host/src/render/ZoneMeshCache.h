@@ -24,6 +24,7 @@ public:
         GlObject vertices;  // interleaved position, normal, scalar
         GlObject indices;
         GLsizei indexCount = 0;
+        GLuint lastVertex = 0;  // the highest vertex index, so drawing need not look for it
         BoundingBox box;
     };
 
