@@ -180,6 +180,10 @@ void FfmpegMovieWriter::encodeFrames() {
     } catch (const std::exception& e) {
         std::lock_guard<std::mutex> lock(errorMutex_);
         workerError_ = e.what();
+    } catch (...) {
+        // Nothing may escape the thread; the next call on the writer reports it.
+        std::lock_guard<std::mutex> lock(errorMutex_);
+        workerError_ = "The movie \"" + fileName_ + "\" cannot be encoded: unknown error";
     }
     // After a failure nothing more is taken: producers waiting for room must not wait forever.
     if (!workerError().empty()) {

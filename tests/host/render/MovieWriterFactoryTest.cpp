@@ -2,8 +2,10 @@
 #include "vexhost/MovieWriterFactory.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -113,6 +115,29 @@ Image decodeFirstFrame(const fs::path& file, int width, int height) {
     pclose(pipe);
     return image;
 }
+
+// Files written by this process may not grow beyond a limit while the scope lasts: writing past
+// it fails with "File too large" instead of stopping the process.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &saved_);
+        savedHandler_ = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limited = saved_;
+        limited.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &saved_);
+        std::signal(SIGXFSZ, savedHandler_);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit saved_{};
+    void (*savedHandler_)(int) = nullptr;
+};
 
 class MovieWriterFactoryTest : public ::testing::Test {
 protected:
@@ -272,7 +297,12 @@ TEST_F(MovieWriterFactoryTest, MissingFileNameThrows) {
     ExportSettings settings = settingsFor(kMovieCases[1], "");
     settings.fileName.clear();
     std::unique_ptr<MovieWriter> writer = createMovieWriter(settings);
-    EXPECT_THROW(writer->open(settings, 64, 48), std::runtime_error);
+    try {
+        writer->open(settings, 64, 48);
+        FAIL() << "no exception";
+    } catch (const std::runtime_error& e) {
+        EXPECT_EQ(std::string(e.what()), "No movie file name is set");
+    }
 }
 
 TEST_F(MovieWriterFactoryTest, AnimationSpeedThatIsNotPositiveThrows) {
@@ -351,6 +381,29 @@ TEST_F(MovieWriterFactoryTest, FinishThatCannotPlaceTheFileThrowsAndLeavesNothin
     }
     EXPECT_FALSE(fs::exists(settings.fileName + ".partial"));
     EXPECT_NE(writer->summary().find("Failed"), std::string::npos) << writer->summary();
+}
+
+TEST_F(MovieWriterFactoryTest, FailureWhileEncodingIsReportedByALaterCall) {
+    const ExportSettings settings = settingsFor(kMovieCases[1], "full.avi");
+    std::unique_ptr<MovieWriter> writer = createMovieWriter(settings);
+    std::string failure;
+    {
+        const FileSizeLimit limit(64 * 1024);
+        writer->open(settings, 320, 240);
+        try {
+            for (int i = 0; i < 400; ++i) {
+                writer->addFrame(testFrame(320, 240, i));
+            }
+            writer->finish();
+        } catch (const std::runtime_error& e) {
+            failure = e.what();
+        }
+    }
+    EXPECT_EQ(failure.rfind("The movie \"" + settings.fileName + "\" (Motion JPEG in AVI) ", 0), 0u)
+        << failure;
+    EXPECT_NE(failure.find("File too large"), std::string::npos) << failure;
+    writer->cancel();
+    EXPECT_TRUE(fs::is_empty(directory_));
 }
 
 TEST_F(MovieWriterFactoryTest, FrameOfAnotherSizeIsAProgrammingError) {
