@@ -1,0 +1,122 @@
+#include "BatchRun.h"
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "DemoScene.h"
+#include "vexhost/MacroFileRunner.h"
+
+namespace vexplot {
+namespace app {
+
+BatchRun::BatchRun(const RunOptions& options, const std::string& programPath, std::ostream& err)
+    : options_(options),
+      programPath_(programPath),
+      host_(vexhost::Host::instance()),
+      reporter_(host_, err) {}
+
+std::string BatchRun::defaultAddOnPath(const std::string& programPath) {
+    const std::filesystem::path directory = std::filesystem::path(programPath).parent_path();
+    return (directory / ".." / "lib" / "libkeyframe.so").lexically_normal().string();
+}
+
+int BatchRun::run() {
+    bool ok = setUp() && runMacroFiles();
+    // The end of a run happens also after a failure: the add-on hears the shutdown and the trace
+    // gets its exit line.
+    ok = finish() && ok;
+    ok = writeRecordedMacro() && ok;
+    return ok ? 0 : 1;
+}
+
+bool BatchRun::setUp() {
+    if (!options_.tracePath.empty()) {
+        try {
+            host_.trace().open(options_.tracePath);
+        } catch (const std::exception& error) {
+            reporter_.showProblem(error.what());
+            return false;
+        }
+    }
+    host_.macro().setRecording(!options_.recordPath.empty());
+    for (bool answer : options_.answers)
+        host_.dialogs().queueAnswer(answer);
+    for (const std::string& name : options_.fileNames)
+        host_.dialogs().queueFileName(name);
+    if (options_.stopAt > 0)
+        host_.progress().pressStopAt(options_.stopAt);
+
+    const std::string addOnPath =
+        options_.addOnPath.empty() ? defaultAddOnPath(programPath_) : options_.addOnPath;
+    try {
+        addOn_ = vexhost::AddOnLibrary::load(addOnPath);
+    } catch (const std::exception& error) {
+        reporter_.showProblem(error.what());
+        return false;
+    }
+    if (!checkHostErrors("loading the add-on"))
+        return false;
+
+    vexhost::Frame& frame = host_.frames().create(VexPlotType_Cartesian3D);
+    frame.setPosAndSize(vexhost::Frame::DefaultX, vexhost::Frame::DefaultY,
+                        options_.width / vexhost::FrameStack::PixelsPerInch,
+                        options_.height / vexhost::FrameStack::PixelsPerInch);
+    if (options_.data == RunOptions::Data::Demo)
+        DemoScene::load(host_);
+    host_.idleQueue().runUntilEmpty();
+    return checkHostErrors("setting up the frame");
+}
+
+bool BatchRun::runMacroFiles() {
+    vexhost::MacroFileRunner runner(host_);
+    runner.setKeepGoing(options_.keepGoing);
+    runner.setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {
+        reporter_.showFailure(failure);
+    });
+    runner.setLineObserver([this] { reporter_.showExportLog(); });
+    bool ok = true;
+    for (const std::string& file : options_.macroFiles) {
+        if (!runner.runFile(file)) {
+            ok = false;
+            if (!options_.keepGoing)
+                break;
+        }
+    }
+    return ok;
+}
+
+bool BatchRun::finish() {
+    host_.idleQueue().runUntilEmpty();
+    host_.shutDown();
+    host_.idleQueue().runUntilEmpty();
+    host_.trace().writeExit();
+    host_.trace().close();
+    reporter_.showExportLog();
+    return checkHostErrors("at exit");
+}
+
+bool BatchRun::writeRecordedMacro() {
+    if (options_.recordPath.empty())
+        return true;
+    std::ofstream out(options_.recordPath, std::ios::binary | std::ios::trunc);
+    for (const std::string& line : host_.macro().lines())
+        out << line << '\n';
+    out.close();
+    if (!out) {
+        reporter_.showProblem("Cannot write the recorded macro to \"" + options_.recordPath +
+                              "\".");
+        return false;
+    }
+    return true;
+}
+
+bool BatchRun::checkHostErrors(const char* stage) {
+    const std::vector<std::string> errors = host_.errors().take();
+    for (const std::string& error : errors)
+        reporter_.showProblem(std::string(stage) + ": Host error: " + error);
+    return errors.empty();
+}
+
+}  // namespace app
+}  // namespace vexplot

@@ -1,0 +1,58 @@
+// One vexplot run, from the parsed command line to the exit status:
+//  1. the frame trace opened (--trace), the macro recorder on (--record), the answers, file names
+//     and Stop press queued;
+//  2. the add-on library loaded through its entry point;
+//  3. one 3D Cartesian frame of the asked size, showing the data set (--data);
+//  4. the macro files run in order, the idle queue after each line; the first failing line ends
+//     the run unless --keep-going;
+//  5. the idle queue run, the shutting-down state change sent (15), the trace's exit line written;
+//  6. the recorded macro lines written (--record), also when the run failed.
+// Exit status: 0 when every step worked, 1 otherwise. Everything the user should read goes to the
+// error stream given.
+#ifndef VEXPLOT_APP_BATCHRUN_H
+#define VEXPLOT_APP_BATCHRUN_H
+
+#include <memory>
+#include <ostream>
+#include <string>
+
+#include "ConsoleReporter.h"
+#include "RunOptions.h"
+#include "vexhost/AddOnLibrary.h"
+#include "vexhost/Host.h"
+
+namespace vexplot {
+namespace app {
+
+class BatchRun {
+public:
+    // programPath: where the vexplot program is, to find the add-on built with it.
+    BatchRun(const RunOptions& options, const std::string& programPath, std::ostream& err);
+    BatchRun(const BatchRun&) = delete;
+    BatchRun& operator=(const BatchRun&) = delete;
+
+    int run();
+
+    // <directory of the program>/../lib/libkeyframe.so
+    static std::string defaultAddOnPath(const std::string& programPath);
+
+private:
+    bool setUp();
+    bool runMacroFiles();
+    bool finish();
+    bool writeRecordedMacro();
+    // Reports the host errors recorded so far (taking them) as problems of `stage`; true if none.
+    bool checkHostErrors(const char* stage);
+
+    const RunOptions& options_;
+    std::string programPath_;
+    vexhost::Host& host_;
+    ConsoleReporter reporter_;
+    // Declared last: the library closes first, while the host and the reporter still stand.
+    std::unique_ptr<vexhost::AddOnLibrary> addOn_;
+};
+
+}  // namespace app
+}  // namespace vexplot
+
+#endif

@@ -1,0 +1,166 @@
+#include "CommandLine.h"
+
+#include <charconv>
+#include <limits>
+#include <optional>
+
+#include "UsageError.h"
+
+namespace vexplot {
+namespace app {
+
+namespace {
+
+// The largest frame side: the host's export image width limit, so any frame can be exported.
+constexpr int64_t MaxFrameSide = 32766;
+
+std::optional<int64_t> wholeNumber(const std::string& text, int64_t min, int64_t max) {
+    int64_t value = 0;
+    const char* end = text.data() + text.size();
+    const std::from_chars_result result = std::from_chars(text.data(), end, value);
+    if (text.empty() || result.ec != std::errc() || result.ptr != end || value < min || value > max)
+        return std::nullopt;
+    return value;
+}
+
+std::string lowerCase(std::string text) {
+    for (char& c : text) {
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    }
+    return text;
+}
+
+void parseSize(const std::string& value, RunOptions& options) {
+    const std::size_t x = value.find_first_of("xX");
+    const std::optional<int64_t> width =
+        x == std::string::npos ? std::nullopt : wholeNumber(value.substr(0, x), 1, MaxFrameSide);
+    const std::optional<int64_t> height =
+        x == std::string::npos ? std::nullopt : wholeNumber(value.substr(x + 1), 1, MaxFrameSide);
+    if (!width || !height)
+        throw UsageError("--size needs WIDTHxHEIGHT in pixels, each from 1 to " +
+                         std::to_string(MaxFrameSide) + " (as in 800x600); found '" + value + "'");
+    options.width = static_cast<int>(*width);
+    options.height = static_cast<int>(*height);
+}
+
+// Applies an option that takes a value.
+void applyValue(const std::string& option, const std::string& value, RunOptions& options) {
+    if (option == "--addon") {
+        if (value.empty())
+            throw UsageError("--addon needs the path of an add-on library");
+        options.addOnPath = value;
+    } else if (option == "--data") {
+        if (value == "demo")
+            options.data = RunOptions::Data::Demo;
+        else if (value == "none")
+            options.data = RunOptions::Data::None;
+        else
+            throw UsageError("--data takes demo or none; found '" + value + "'");
+    } else if (option == "--trace") {
+        if (value.empty())
+            throw UsageError("--trace needs a file name");
+        options.tracePath = value;
+    } else if (option == "--record") {
+        if (value.empty())
+            throw UsageError("--record needs a file name");
+        options.recordPath = value;
+    } else if (option == "--answer") {
+        const std::string answer = lowerCase(value);
+        if (answer != "yes" && answer != "no")
+            throw UsageError("--answer takes yes or no; found '" + value + "'");
+        options.answers.push_back(answer == "yes");
+    } else if (option == "--file-name") {
+        if (value.empty())
+            throw UsageError("--file-name needs a file name");
+        options.fileNames.push_back(value);
+    } else if (option == "--stop-at") {
+        const std::optional<int64_t> n = wholeNumber(value, 1, std::numeric_limits<int64_t>::max());
+        if (!n)
+            throw UsageError("--stop-at needs a whole number from 1 up; found '" + value + "'");
+        options.stopAt = static_cast<uint64_t>(*n);
+    } else {
+        parseSize(value, options);
+    }
+}
+
+bool takesValue(const std::string& option) {
+    static const char* const WithValue[] = {"--addon",  "--data",      "--trace",   "--record",
+                                            "--answer", "--file-name", "--stop-at", "--size"};
+    for (const char* known : WithValue) {
+        if (option == known)
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
+    RunOptions options;
+    bool optionsEnded = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        // A lone "-" is not an option: it is taken as a file name like any other.
+        if (optionsEnded || argument.size() < 2 || argument[0] != '-') {
+            options.macroFiles.push_back(argument);
+            continue;
+        }
+        if (argument == "--") {
+            optionsEnded = true;
+            continue;
+        }
+        const std::size_t equals = argument.find('=');
+        const std::string option = argument.substr(0, equals);
+        if (option == "--help" || option == "-h") {
+            if (equals != std::string::npos)
+                throw UsageError(option + " takes no value");
+            options.help = true;
+        } else if (option == "--keep-going") {
+            if (equals != std::string::npos)
+                throw UsageError(option + " takes no value");
+            options.keepGoing = true;
+        } else if (takesValue(option)) {
+            std::string value;
+            if (equals != std::string::npos) {
+                value = argument.substr(equals + 1);
+            } else {
+                if (i + 1 == arguments.size())
+                    throw UsageError(option + " needs a value");
+                value = arguments[++i];
+            }
+            applyValue(option, value, options);
+        } else {
+            throw UsageError("unknown option '" + option + "'");
+        }
+    }
+    return options;
+}
+
+const char* CommandLine::usage() {
+    return "Usage: vexplot [options] [MACRO_FILE ...]\n"
+           "\n"
+           "Loads the Key Frame Animation add-on, sets up one 3D frame showing the data set, runs\n"
+           "the macro files in order and exits. Messages, progress and errors go to stderr.\n"
+           "\n"
+           "Options:\n"
+           "  --addon PATH       load this add-on library instead of the key frame add-on\n"
+           "                     built with vexplot (../lib/libkeyframe.so next to the program)\n"
+           "  --data demo|none   the data set: the built-in transient demo (default), or none\n"
+           "  --trace FILE       write the frame trace, one JSON object per line, to FILE\n"
+           "  --record FILE      record a macro from the start and write its lines to FILE\n"
+           "  --answer yes|no    queue the answer to a Yes/No question (repeatable)\n"
+           "  --file-name NAME   queue the answer to a file dialog (repeatable; when none is\n"
+           "                     left, a file dialog is cancelled)\n"
+           "  --stop-at N        press Stop at the N-th progress check\n"
+           "  --keep-going       report a failing line and go on with the next one\n"
+           "  --size WxH         the frame's size in pixels (default 800x600)\n"
+           "  --help             show this text and exit\n"
+           "\n"
+           "Exit status: 0 when every line ran; 1 when a line failed, a macro file could not be\n"
+           "read or the add-on could not be loaded; 2 for a command line that cannot be used.\n"
+           "The macro language and the demo data set are described in docs/vexplot.md.\n";
+}
+
+}  // namespace app
+}  // namespace vexplot

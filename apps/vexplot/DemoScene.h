@@ -1,0 +1,34 @@
+// The demo data set of vexplot (--data demo): the host's built-in transient data set
+// (vexhost::DemoDataSet, default options) loaded into the host, streamtrace markers on, and the
+// active frame's 3D view set to frame it. docs/vexplot.md lists its zones and times.
+#ifndef VEXPLOT_APP_DEMOSCENE_H
+#define VEXPLOT_APP_DEMOSCENE_H
+
+#include "vexhost/Host.h"
+
+namespace vexplot {
+namespace app {
+
+class DemoScene {
+public:
+    // Marker spacing in travel time: about ten markers along each demo streamtrace.
+    static constexpr double MarkerDeltaTime = 0.2;
+    // Room left around the data, as a fraction of the view.
+    static constexpr double ViewMargin = 0.1;
+
+    // Adds the zones (one notification) and streamtraces to the host's data set, turns the
+    // streamtrace markers on and frames the active frame's view around the data. Needs an active
+    // frame (std::logic_error otherwise).
+    static void load(vexhost::Host& host);
+
+    // Sets the active frame's view to look at the box from the host's default angles, centred
+    // on it, wide enough to show the whole box in the frame with ViewMargin around it; the
+    // rotation origin is the box centre.
+    static void frameView(vexhost::Frame& frame, const float (&boundsMin)[3],
+                          const float (&boundsMax)[3]);
+};
+
+}  // namespace app
+}  // namespace vexplot
+
+#endif

@@ -1,0 +1,32 @@
+// What one vexplot run was asked to do, as read from its command line (CommandLine).
+#ifndef VEXPLOT_APP_RUNOPTIONS_H
+#define VEXPLOT_APP_RUNOPTIONS_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vexplot {
+namespace app {
+
+struct RunOptions {
+    enum class Data { Demo, None };
+
+    bool help = false;
+    std::string addOnPath;  // empty: the key frame add-on built with the program
+    Data data = Data::Demo;
+    std::string tracePath;               // empty: no frame trace
+    std::string recordPath;              // empty: the macro recorder stays off
+    std::vector<bool> answers;           // Yes/No answers, in the order given
+    std::vector<std::string> fileNames;  // file dialog answers, in the order given
+    uint64_t stopAt = 0;                 // press Stop at this progress check; 0: never
+    bool keepGoing = false;
+    int width = 800;  // the frame's size in pixels
+    int height = 600;
+    std::vector<std::string> macroFiles;
+};
+
+}  // namespace app
+}  // namespace vexplot
+
+#endif

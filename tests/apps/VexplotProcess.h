@@ -1,0 +1,44 @@
+// Runs the built vexplot as a user does, in a scratch directory of its own, and keeps what it
+// printed and how it exited. The scratch directory goes when the object goes.
+#ifndef VEXTEST_APPS_VEXPLOTPROCESS_H
+#define VEXTEST_APPS_VEXPLOTPROCESS_H
+
+#include <string>
+#include <vector>
+
+namespace vextest {
+
+class VexplotProcess {
+public:
+    struct Result {
+        int exitStatus = -1;  // -1 when the program did not exit normally (a crash)
+        std::string out;
+        std::string err;
+    };
+
+    VexplotProcess();
+    ~VexplotProcess();
+    VexplotProcess(const VexplotProcess&) = delete;
+    VexplotProcess& operator=(const VexplotProcess&) = delete;
+
+    // The scratch directory, the program's working directory.
+    const std::string& directory() const { return directory_; }
+    // Writes a file in the scratch directory; returns its path.
+    std::string writeFile(const std::string& name, const std::string& content) const;
+    // The content of a file of the scratch directory ("" when there is none).
+    std::string readFile(const std::string& name) const;
+    bool exists(const std::string& name) const;
+
+    // Runs vexplot with these arguments (not the program name) and waits for it.
+    Result run(const std::vector<std::string>& arguments) const;
+
+private:
+    std::string directory_;
+};
+
+// The lines of a text, without their line feeds.
+std::vector<std::string> linesOf(const std::string& text);
+
+}  // namespace vextest
+
+#endif
