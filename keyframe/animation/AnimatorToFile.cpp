@@ -1,0 +1,66 @@
+#include "animation/AnimatorToFile.h"
+
+#include "addon/KeyFrameError.h"
+#include "vxsdkbase.h"
+#include "vxtoolbox.h"
+
+namespace vexplot {
+namespace vexutiltools {
+
+namespace {
+
+// The host's movie formats; every other export format writes still images.
+bool isAnimationFormat(int32_t format) {
+    switch (format) {
+        case VexExportFormat_RasterMetafile:
+        case VexExportFormat_AVI:
+        case VexExportFormat_Flash:
+        case VexExportFormat_FLV:
+        case VexExportFormat_MPEG4:
+        case VexExportFormat_WMV:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+AnimatorToFile::AnimatorToFile(const std::vector<KeyFrame_s>& keyFrames)
+    : AnimatorAbstract(keyFrames, nullptr) {}
+
+AnimatorToFile::~AnimatorToFile() {
+    // Only an export this stage started is finished: when the run failed because another export
+    // was already recording, that export is not this run's to close.
+    if (!exportNotStarted_ && VexUtilExportIsRecording())
+        VexUtilExportFinish();
+}
+
+void AnimatorToFile::cancel() {
+    // Terminal: nothing to pass on. Same ownership rule as the destructor.
+    if (!exportNotStarted_ && VexUtilExportIsRecording())
+        VexUtilExportCancel();
+}
+
+void AnimatorToFile::doAnimateFrame(uint64_t /*frame*/) {
+    if (!exportNotStarted_) {
+        // The host reports its own trouble with a frame; the run goes on.
+        VexUtilExportNextFrame();
+        return;
+    }
+    if (VexUtilExportIsRecording())
+        throw KeyFrameError(
+            "Unable to start animation export. Another export is already in progress.");
+    int32_t format = 255;
+    vexplot::toolbox::StyleValue("ExportSetup", "ExportFormat").get(format);
+    if (!isAnimationFormat(format))
+        throw KeyFrameError(
+            "The export file format must be set to an animation format \nbefore animating to "
+            "file.");
+    if (!VexUtilExportStart())
+        throw KeyFrameError("Unable to start animation export.");
+    exportNotStarted_ = false;
+}
+
+}  // namespace vexutiltools
+}  // namespace vexplot
