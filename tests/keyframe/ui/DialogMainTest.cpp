@@ -1,0 +1,98 @@
+#include "ui/DialogMain.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <vector>
+
+#include "model/ListModelObserverInterface.h"
+#include "support/AddOnTest.h"
+
+namespace {
+
+using vexplot::vexutiltools::AnimationSettings_s;
+using vexplot::vexutiltools::KeyFrame_s;
+using vexplot::vexutiltools::ListModelChange;
+using vexplot::vexutiltools::ListModelObserverInterface;
+
+class ChangeCounter : public ListModelObserverInterface {
+public:
+    void listModelChanged(const ListModelChange& change) override { changes.push_back(change); }
+    std::vector<ListModelChange> changes;
+};
+
+class DialogMainTest : public vextest::AddOnTest {
+protected:
+    void SetUp() override {
+        AddOnTest::SetUp();
+        DialogMain::resetInstance();
+    }
+    void TearDown() override {
+        DialogMain::resetInstance();
+        AddOnTest::TearDown();
+    }
+};
+
+TEST_F(DialogMainTest, IsOneInstanceCreatedOnFirstUse) {
+    EXPECT_EQ(&DialogMain::instance(), &DialogMain::instance());
+}
+
+TEST_F(DialogMainTest, StartsWithAnEmptyListDefaultSettingsAndTheSettingsFileChooser) {
+    DialogMain& dialog = DialogMain::instance();
+    EXPECT_EQ(dialog.getKeyFrameModel().getItemCount(), 0u);
+    EXPECT_EQ(dialog.getSettings(), AnimationSettings_s());
+    EXPECT_EQ(dialog.getSettingsFileChooser().getFileName(), "animation.keyframe");
+    EXPECT_EQ(dialog.getSettingsFileChooser().getDefaultExtension(), "keyframe");
+    EXPECT_EQ(dialog.getSettingsFileChooser().getFileTypeName(), "Key Frame Animation");
+    EXPECT_FALSE(dialog.getSettingsFileChooser().isChosen());
+}
+
+TEST_F(DialogMainTest, NoHostControlExistsBeforeTheDialogIsCreated) {
+    const DialogMain::Controls& controls = DialogMain::instance().getControls();
+    for (const int32_t id :
+         {controls.dialog, controls.keyFrameList, controls.destination, controls.animateTime,
+          controls.animateStreamtraces, controls.fadeIn, controls.fadeOut})
+        EXPECT_EQ(id, -2);
+}
+
+TEST_F(DialogMainTest, TheStateOutlivesEveryUseUntilReset) {
+    DialogMain::instance().getKeyFrameModel().setItems({KeyFrame_s{}});
+    DialogMain::instance().getSettings().FadeIn = true;
+    EXPECT_EQ(DialogMain::instance().getKeyFrameModel().getItemCount(), 1u);
+    EXPECT_TRUE(DialogMain::instance().getSettings().FadeIn);
+
+    DialogMain::resetInstance();
+    EXPECT_EQ(DialogMain::instance().getKeyFrameModel().getItemCount(), 0u);
+    EXPECT_FALSE(DialogMain::instance().getSettings().FadeIn);
+}
+
+TEST_F(DialogMainTest, RefreshingWithoutControlsTouchesNothing) {
+    DialogMain& dialog = DialogMain::instance();
+    ChangeCounter observer;
+    dialog.getKeyFrameModel().addObserver(&observer);
+    startCallLog();
+    dialog.refreshList();
+    dialog.refreshOptions();
+    EXPECT_TRUE(observer.changes.empty());
+    EXPECT_TRUE(takeCallLog().empty());
+    dialog.getKeyFrameModel().removeObserver(&observer);
+}
+
+TEST_F(DialogMainTest, RefreshingTheListControlResetsTheModelItFollows) {
+    DialogMain& dialog = DialogMain::instance();
+    dialog.getKeyFrameModel().setItems({KeyFrame_s{}, KeyFrame_s{}});
+    ChangeCounter listControl;
+    dialog.getKeyFrameModel().addObserver(&listControl);
+    dialog.getControls().keyFrameList = 17;
+    dialog.refreshList();
+    EXPECT_EQ(listControl.changes, std::vector<ListModelChange>{ListModelChange{}});
+    EXPECT_EQ(dialog.getKeyFrameModel().getItemCount(), 2u);
+    dialog.getKeyFrameModel().removeObserver(&listControl);
+}
+
+TEST_F(DialogMainTest, OptionControlsThatCannotBeSetFailLoudly) {
+    DialogMain::instance().getControls().fadeIn = 5;
+    EXPECT_THROW(DialogMain::instance().refreshOptions(), std::logic_error);
+}
+
+}  // namespace
