@@ -1,12 +1,12 @@
 #include "macro/CreateCommandExecuter.h"
 
+#include "macro/CommandExecuterAbstractFactory.h"
+
 namespace vexplot {
 namespace vexutiltools {
 
-std::unique_ptr<CommandExecuterAbstract> createCommandExecuter(Command_e /*command*/) {
-    // No command has an executer yet: opening and saving settings files and animating by macro
-    // arrive with the executers, which are created here.
-    return nullptr;
+std::unique_ptr<CommandExecuterAbstract> createCommandExecuter(Command_e command) {
+    return CommandExecuterAbstractFactory().createCommandExecuter(command);
 }
 
 }  // namespace vexutiltools
