@@ -50,7 +50,9 @@ bool VexplotProcess::exists(const std::string& name) const {
     return std::filesystem::exists(directory_ + "/" + name);
 }
 
-VexplotProcess::Result VexplotProcess::run(const std::vector<std::string>& arguments) const {
+VexplotProcess::Result VexplotProcess::run(const std::vector<std::string>& arguments,
+                                           const std::string& workingDirectory) const {
+    const std::string& cwd = workingDirectory.empty() ? directory_ : workingDirectory;
     const std::string outPath = directory_ + "/.stdout";
     const std::string errPath = directory_ + "/.stderr";
     std::vector<std::string> argv = {VEXPLOT_PATH};
@@ -68,7 +70,7 @@ VexplotProcess::Result VexplotProcess::run(const std::vector<std::string>& argum
         const int out = open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
         const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
         const int in = open("/dev/null", O_RDONLY);
-        if (out < 0 || err < 0 || in < 0 || chdir(directory_.c_str()) != 0)
+        if (out < 0 || err < 0 || in < 0 || chdir(cwd.c_str()) != 0)
             _exit(127);
         dup2(in, 0);
         dup2(out, 1);

@@ -29,8 +29,10 @@ public:
     std::string readFile(const std::string& name) const;
     bool exists(const std::string& name) const;
 
-    // Runs vexplot with these arguments (not the program name) and waits for it.
-    Result run(const std::vector<std::string>& arguments) const;
+    // Runs vexplot with these arguments (not the program name) and waits for it; in the scratch
+    // directory unless another working directory is given.
+    Result run(const std::vector<std::string>& arguments,
+               const std::string& workingDirectory = "") const;
 
 private:
     std::string directory_;
