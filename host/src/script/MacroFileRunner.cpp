@@ -205,8 +205,8 @@ void MacroFileRunner::runCommand(const std::string& line) {
     if (host_.drawing().isSuspended())
         problems.push_back("Drawing is still suspended after the line.");
     if (host_.progress().isOpen())
-        problems.push_back("The progress status \"" + host_.progress().text() +
-                           "\" is still open after the line.");
+        problems.push_back("The progress status " + quoteForMessage(host_.progress().text()) +
+                           " is still open after the line.");
 
     if (problems.empty() && record && host_.macro().isRecording())
         host_.macro().recordRaw(std::string(trimBlanks(line)).c_str());

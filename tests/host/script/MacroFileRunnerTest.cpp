@@ -48,6 +48,14 @@ bool probeCallback(const char* commandString, char** errMsg) {
         VexUtilOnIdleQueueAddCallback(showIdleMessage, nullptr);
     } else if (command == "KeepLock") {
         VexUtilLockStart(probeAddOn);
+    } else if (command == "KeepDrawingSuspended") {
+        VexUtilLockStart(probeAddOn);
+        VexUtilDrawGraphics(false);
+        VexUtilLockFinish(probeAddOn);
+    } else if (command == "KeepStatusOpen") {
+        VexUtilLockStart(probeAddOn);
+        VexUtilStatusStartPercentDone("Working.", true, true);
+        VexUtilLockFinish(probeAddOn);
     } else if (command == "Record") {
         VexUtilLockStart(probeAddOn);
         VexUtilMacroRecordExtCommand("Probe", "Record");
@@ -690,6 +698,20 @@ TEST_F(MacroFileRunnerTest, ALockLeftHeldFailsTheLine) {
     EXPECT_EQ("The host lock is still held after the line (depth 1).",
               failureOf("$!ADDON \"Probe\" KeepLock"));
     VexUtilLockFinish(probeAddOn);
+}
+
+TEST_F(MacroFileRunnerTest, DrawingLeftSuspendedFailsTheLine) {
+    EXPECT_EQ("Drawing is still suspended after the line.",
+              failureOf("$!ADDON \"Probe\" KeepDrawingSuspended"));
+    vextest::ScopedLock lock(probeAddOn);
+    VexUtilDrawGraphics(true);
+}
+
+TEST_F(MacroFileRunnerTest, ProgressStatusLeftOpenFailsTheLine) {
+    EXPECT_EQ("The progress status \"Working.\" is still open after the line.",
+              failureOf("$!ADDON \"Probe\" KeepStatusOpen"));
+    vextest::ScopedLock lock(probeAddOn);
+    VexUtilStatusFinishPercentDone();
 }
 
 // ---- Streams and files ----
