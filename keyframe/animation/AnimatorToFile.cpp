@@ -29,16 +29,18 @@ bool isAnimationFormat(int32_t format) {
 AnimatorToFile::AnimatorToFile(const std::vector<KeyFrame_s>& keyFrames)
     : AnimatorAbstract(keyFrames, nullptr) {}
 
+// The stage asks the host, not its own flag, whether an export is open: so an export it started is
+// always closed before it is gone, whichever way the run ended. The host keeps no owner of an
+// export, so a run refused because another export was recording closes that one as well; the
+// host is then left with no export open, as after every run.
 AnimatorToFile::~AnimatorToFile() {
-    // Only an export this stage started is finished: when the run failed because another export
-    // was already recording, that export is not this run's to close.
-    if (!exportNotStarted_ && VexUtilExportIsRecording())
+    if (VexUtilExportIsRecording())
         VexUtilExportFinish();
 }
 
 void AnimatorToFile::cancel() {
-    // Terminal: nothing to pass on. Same ownership rule as the destructor.
-    if (!exportNotStarted_ && VexUtilExportIsRecording())
+    // Terminal: nothing to pass on.
+    if (VexUtilExportIsRecording())
         VexUtilExportCancel();
 }
 
