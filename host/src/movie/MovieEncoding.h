@@ -10,7 +10,7 @@
 // |                      |           |  1 JPEG: Motion JPEG   |  speed: qscale 3; size: 5     |
 // |                      |           |  2 256 Colors: FLV1    |  speed: qscale 8; size: 12    |
 // | 22 "WMV"             | ASF       | WMV2                   | qscale 3                      |
-// | 0 "Raster Metafile"  | APNG      | APNG (lossless)        | paeth row filter              |
+// | 0 "Raster Metafile"  | APNG      | APNG (lossless)        | paeth filter, deflate level 1 |
 //
 // "Optimize for File Size" also makes the FLV1 encoder search harder (rate-distortion macroblock
 // decisions, trellis quantisation); any compression value other than 1 counts as "Optimize for
