@@ -118,6 +118,43 @@ BENCHMARK(BM_EncodeMovie)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
+// Drawing and encoding together, as an export runs them: each frame is drawn while the worker
+// encodes the ones before. Argument: the export format. Reports the wall-clock time per frame.
+void BM_ExportAnimation(benchmark::State& state) {
+    const int format = static_cast<int>(state.range(0));
+    const DemoDataSet demo = demoWithTriangles(100000);
+    std::unique_ptr<EglRenderer> renderer = EglRenderer::create();
+    for (std::size_t zone = 0; zone < demo.zones.size(); ++zone) {
+        renderer->render(demoScene(demo, zone, 0), 1280, 720, 1);
+    }
+    const std::filesystem::path directory =
+        std::filesystem::temp_directory_path() / ("vexhost-bench-" + std::to_string(getpid()));
+    std::filesystem::create_directories(directory);
+    ExportSettings settings;
+    settings.format = format;
+    settings.animationSpeed = 30;
+    settings.fileName = (directory / "movie").string();
+    for (auto _ : state) {
+        std::unique_ptr<MovieWriter> writer = createMovieWriter(settings);
+        writer->open(settings, 1280, 720);
+        for (int i = 0; i < kFrames; ++i) {
+            writer->addFrame(
+                renderer->render(demoScene(demo, i % demo.zones.size(), 0.02 * i), 1280, 720, 1));
+        }
+        writer->finish();
+    }
+    state.counters["per_frame"] =
+        benchmark::Counter(static_cast<double>(state.iterations()) * kFrames,
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    std::filesystem::remove_all(directory);
+}
+BENCHMARK(BM_ExportAnimation)
+    ->ArgName("format")
+    ->Arg(14)
+    ->Arg(21)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
 }  // namespace
 
 BENCHMARK_MAIN();

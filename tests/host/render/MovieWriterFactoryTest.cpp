@@ -235,6 +235,17 @@ TEST_P(MovieFormatTest, OddSizeIsWrittenAndPaddedWhereTheCodecNeedsEvenSizes) {
         << lastSummary_;
 }
 
+TEST_P(MovieFormatTest, SlowestAndFastestAnimationSpeedsStillMakeMovies) {
+    // The export options allow 0.001 to 200 frames per second.
+    const MovieCase& c = GetParam();
+    for (const double speed : {0.001, 200.0}) {
+        ExportSettings settings = settingsFor(c, std::string("speed.") + c.extension);
+        settings.animationSpeed = speed;
+        writeMovie(settings, 32, 24, 3);
+        EXPECT_EQ(probe(settings.fileName)["nb_read_frames"], "3") << "speed " << speed;
+    }
+}
+
 TEST_P(MovieFormatTest, CancelLeavesNoFile) {
     const MovieCase& c = GetParam();
     const ExportSettings settings = settingsFor(c, std::string("canceled.") + c.extension);
