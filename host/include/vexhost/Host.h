@@ -5,7 +5,7 @@
 // reset() returns everything to a clean state: no add-ons, menus or macro callbacks, no frames, an
 // empty data set, style defaults, the call log off and empty, no host errors, no outstanding host
 // memory, an empty idle queue, no state change listeners, export idle with the default writer, the
-// null renderer, no queued answers, no fault settings, the trace closed.
+// null renderer, no queued answers, no fault settings, the trace closed, no dialogs or controls.
 #ifndef VEXHOST_HOST_H
 #define VEXHOST_HOST_H
 
@@ -17,6 +17,7 @@
 #include "vexhost/Exporter.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/FrameTrace.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/HostErrors.h"
 #include "vexhost/IdleQueue.h"
 #include "vexhost/LockState.h"
@@ -51,6 +52,8 @@ public:
     Exporter& exporter() { return exporter_; }
     Bookkeeping& memory() { return memory_; }
     FrameTrace& trace() { return trace_; }
+    // Dialogs and controls (docs/ui-scripting.md); GuiUser acts on them as the user does.
+    GuiModel& gui() { return gui_; }
 
     // What a picture of the active frame shows now: its view (the default view without frames),
     // lighting, axis, stream timing, solution time and, with zones, the zones shown at the current
@@ -83,6 +86,7 @@ private:
     UserDialogs dialogs_;
     FrameTrace trace_;
     Exporter exporter_;
+    GuiModel gui_;
 };
 
 }  // namespace vexhost

@@ -41,6 +41,7 @@ void Host::reset() {
     idleQueue_.reset();
     macro_.reset();
     dialogs_.reset();
+    gui_.reset();
 }
 
 SceneState Host::scene(bool withZones) {
