@@ -2,9 +2,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <stdexcept>
 
 #include "DemoScene.h"
+#include "vexhost/GuiScript.h"
 #include "vexhost/MacroFileRunner.h"
 
 namespace vexplot {
@@ -70,6 +72,8 @@ bool BatchRun::setUp() {
 
 bool BatchRun::runMacroFiles() {
     vexhost::MacroFileRunner runner(host_);
+    // $!UI DUMP is what a run prints on stdout.
+    vexhost::GuiScript::install(runner, host_, std::cout);
     runner.setKeepGoing(options_.keepGoing);
     runner.setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {
         reporter_.showFailure(failure);

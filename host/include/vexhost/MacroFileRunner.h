@@ -18,8 +18,9 @@
 //
 // A line fails when its command fails, when the add-on's callback answers false, or when the host
 // recorded errors (for example a Yes/No question with no answer queued) or was left locked,
-// suspended or with a progress status open while it ran. After every command line, failed or
-// not, the idle queue runs, as the application's main loop does when it goes idle.
+// suspended or with a progress status open while it ran. A lock held while a modal dialog is up
+// is the dialog's: its OK or Cancel, pressed by a later line, releases it. After every command
+// line, failed or not, the idle queue runs, as the application's main loop does when it goes idle.
 //
 // While the host's macro recorder is on, each host command that succeeds is recorded as the line
 // it was (without surrounding blanks). $!ADDON lines are not recorded by the player: the add-on
