@@ -20,6 +20,7 @@ using vextest::ScopedLock;
 // What a movie writer was told, for the host's writer seam.
 struct WriterRecord {
     std::vector<std::string> calls;
+    std::size_t failFrame = 0;  // the frame (from 1) whose addFrame throws; 0: none
     ExportSettings settings;
     int width = 0, height = 0;
     std::vector<std::pair<int, int>> frameSizes;
@@ -36,9 +37,11 @@ public:
         record_.width = width;
         record_.height = height;
     }
-    void addFrame(const vexhost::Image& frame) override {
+    void addFrame(vexhost::Image frame) override {
         record_.calls.push_back("frame");
         record_.frameSizes.emplace_back(frame.width, frame.height);
+        if (record_.frameSizes.size() == record_.failFrame)
+            throw std::runtime_error("The disk is full.");
     }
     void finish() override { record_.calls.push_back("finish"); }
     void cancel() override { record_.calls.push_back("cancel"); }
@@ -57,6 +60,13 @@ public:
         image.height = height;
         image.rgb.resize(static_cast<std::size_t>(width * height * 3));
         return image;
+    }
+};
+
+class FailingRenderer : public vexhost::Renderer {
+public:
+    vexhost::Image render(const vexhost::SceneState&, int, int, int) override {
+        throw std::runtime_error("Cannot start OpenGL rendering: no display");
     }
 };
 
@@ -198,15 +208,61 @@ TEST_F(ExporterTest, StartRefusedByControlCall) {
     EXPECT_EQ(host().exporter().counts().starts, 0u);
 }
 
-TEST_F(ExporterTest, WriterThatCannotOpenRefusesTheStart) {
+TEST_F(ExporterTest, WriterThatCannotOpenRefusesTheStartWithADialogNamingTheCause) {
     useRecordingWriter(true);
     const char* name = "/nowhere/x.mp4";
     setup("ExportFName", 0, reinterpret_cast<VexArbParam_t>(name));
     ScopedLock lock(addOn_);
     EXPECT_FALSE(VexUtilExportStart());
     EXPECT_FALSE(VexUtilExportIsRecording());
+    EXPECT_EQ(host().dialogs().errorMessages(),
+              std::vector<std::string>{"Cannot write \"/nowhere/x.mp4\"."});
     EXPECT_EQ(host().exporter().log(),
-              std::vector<std::string>{"Export not started: Cannot write \"/nowhere/x.mp4\"."});
+              std::vector<std::string>{"Export not started: the error shown says why."});
+    EXPECT_EQ(host().exporter().counts().starts, 0u);
+    EXPECT_EQ(host().exporter().counts().frames, 0u);
+}
+
+TEST_F(ExporterTest, FactoryThatRefusesTheSetupRefusesTheStartWithADialog) {
+    host().exporter().setMovieWriterFactory(
+        [](const ExportSettings&) -> std::unique_ptr<vexhost::MovieWriter> {
+            throw std::runtime_error("The export format 3 does not make movies");
+        });
+    ScopedLock lock(addOn_);
+    EXPECT_FALSE(VexUtilExportStart());
+    EXPECT_EQ(host().dialogs().errorMessages(),
+              std::vector<std::string>{"The export format 3 does not make movies"});
+}
+
+TEST_F(ExporterTest, FirstPictureThatCannotBeDrawnRefusesTheStartAndLeavesNoMovie) {
+    useRecordingWriter();
+    host().drawing().setRenderer(std::make_unique<FailingRenderer>());
+    ScopedLock lock(addOn_);
+    EXPECT_FALSE(VexUtilExportStart());
+    EXPECT_FALSE(VexUtilExportIsRecording());
+    EXPECT_EQ(record_.calls, (std::vector<std::string>{"open", "cancel"}));
+    EXPECT_EQ(host().dialogs().errorMessages(),
+              std::vector<std::string>{"Cannot start OpenGL rendering: no display"});
+    EXPECT_EQ(host().exporter().counts().frames, 0u);
+}
+
+TEST_F(ExporterTest, WriterFailingLaterIsToldOnceAndTheFinishWritesNoMovie) {
+    useRecordingWriter();
+    record_.failFrame = 2;
+    ScopedLock lock(addOn_);
+    ASSERT_TRUE(VexUtilExportStart());
+    EXPECT_FALSE(VexUtilExportNextFrame());
+    EXPECT_FALSE(VexUtilExportNextFrame());
+    EXPECT_FALSE(VexUtilExportFinish());
+    EXPECT_FALSE(VexUtilExportIsRecording());
+    EXPECT_EQ(record_.calls, (std::vector<std::string>{"open", "frame", "frame", "cancel"}));
+    EXPECT_EQ(host().dialogs().errorMessages(), std::vector<std::string>{"The disk is full."});
+    EXPECT_EQ(host().exporter().log(),
+              (std::vector<std::string>{"Export started: format 21, 800 x 600 pixels, to \"\".",
+                                        "Export failed while adding frame 2: The disk is full.",
+                                        "Export failed after 3 frames; no movie written."}));
+    EXPECT_EQ(host().exporter().counts().frames, 3u);
+    EXPECT_EQ(host().exporter().counts().finishes, 0u);
 }
 
 TEST_F(ExporterTest, NextFinishAndCancelWhileIdleAreHostErrors) {
@@ -253,6 +309,61 @@ TEST_F(ExporterTest, ImageSizeFollowsTheExportRegion) {
     EXPECT_EQ(host().exporter().imageSize(), (std::pair<int, int>{600, 400}));
     setup("ExportRegion", 0, VexExportRegion_WorkArea);  // 1024 x 768 pixels
     EXPECT_EQ(host().exporter().imageSize(), (std::pair<int, int>{600, 450}));
+}
+
+TEST_F(ExporterTest, HeightIsTheNearestEvenOneForCodecsThatTakeEvenSizesOnly) {
+    // A frame of 800 x 603 pixels; at 400 pixels wide the region is 301.5 pixels high.
+    host().frames().at(0).setPosAndSize(1, 1, 8, 6.03);
+    setup("ImageWidth", 0, 400);
+    const std::vector<std::pair<int, int>> rows = {
+        {VexExportFormat_MPEG4, 302}, {VexExportFormat_WMV, 302},
+        {VexExportFormat_AVI, 301},   {VexExportFormat_FLV, 301},
+        {VexExportFormat_Flash, 301}, {VexExportFormat_RasterMetafile, 301}};
+    for (const auto& [format, height] : rows) {
+        setup("ExportFormat", 0, format);
+        EXPECT_EQ(host().exporter().imageSize(), (std::pair<int, int>{400, height}))
+            << "format " << format;
+    }
+    // Never below 2 rows.
+    setup("ExportFormat", 0, VexExportFormat_MPEG4);
+    setup("ImageWidth", 0, 1);
+    EXPECT_EQ(host().exporter().imageSize(), (std::pair<int, int>{1, 2}));
+}
+
+TEST_F(ExporterTest, EveryPictureIsDrawnWithTheSupersampleFactorWhenAntialiasingIsOn) {
+    useRecordingWriter();
+    std::vector<int> factors;
+    class FactorRenderer : public vexhost::Renderer {
+    public:
+        explicit FactorRenderer(std::vector<int>& factors) : factors_(factors) {}
+        vexhost::Image render(const vexhost::SceneState&, int width, int height,
+                              int supersample) override {
+            factors_.push_back(supersample);
+            vexhost::Image image;
+            image.width = width;
+            image.height = height;
+            return image;
+        }
+
+    private:
+        std::vector<int>& factors_;
+    };
+    host().drawing().setRenderer(std::make_unique<FactorRenderer>(factors));
+    setup("UseSuperSampleAntiAliasing", 0, 1);
+    setup("SuperSampleFactor", 0, 4);
+    {
+        ScopedLock lock(addOn_);
+        ASSERT_TRUE(VexUtilExportStart());
+        VexUtilExportNextFrame();
+        VexUtilExportFinish();
+    }
+    setup("UseSuperSampleAntiAliasing", 0, 0);
+    {
+        ScopedLock lock(addOn_);
+        ASSERT_TRUE(VexUtilExportStart());
+        VexUtilExportFinish();
+    }
+    EXPECT_EQ(factors, (std::vector<int>{4, 4, 1}));
 }
 
 TEST_F(ExporterTest, ResetCancelsAnOpenExport) {

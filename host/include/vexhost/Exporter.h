@@ -5,13 +5,18 @@
 //   recording --finish--> idle (movie complete)      recording --cancel--> idle (no movie)
 //
 // Each picture taken (the start's first one and each next frame) is drawn by the drawing renderer
-// at the export size and handed to the movie writer that the writer factory made for this export.
-// The frame trace gets "export-start", "export-frame", "export-finish" and "export-cancel". The
-// default writer writes no movie and says so in the export log; vexplot installs the real encoders.
+// from the host's scene at the export size, with the export's supersampling, and handed to the
+// movie writer that the writer factory made for this export. The writer encodes on a thread of
+// its own, so the next frame is drawn while the last one is encoded. The frame trace gets
+// "export-start", "export-frame", "export-finish" and "export-cancel". The default writer writes
+// no movie and says so in the export log; vexplot installs the real encoders.
 //
-// A start is refused while recording, while a control call makes starts refuse, without a frame
-// (a host error), or when the writer cannot open (the reason goes to the export log). A next frame,
-// finish or cancel while not recording is a host error.
+// A start is refused (false) while recording, while a control call makes starts refuse, without a
+// frame (a host error), and when the writer cannot be made or opened or the first picture cannot
+// be drawn or encoded: then an error dialog names the cause (a path that cannot be written, a
+// codec that fails) and nothing is left on disk. A writer that fails later is told in an error
+// dialog once; the run goes on, and finishing it writes no movie. A next frame, finish or cancel
+// while not recording is a host error.
 #ifndef VEXHOST_EXPORTER_H
 #define VEXHOST_EXPORTER_H
 
@@ -54,7 +59,8 @@ public:
     // The export setup as it stands now.
     ExportSettings settings() const;
     // The picture size of an export with the current setup: the image width, and the height of the
-    // export region (active frame, all frames or work area) scaled to it.
+    // export region (active frame, all frames or work area) scaled to it; for formats whose codec
+    // takes even sizes only (takesEvenSizesOnly), the nearest even height.
     std::pair<int, int> imageSize() const;
 
     void setRefuseStart(bool refuse) { refuseStart_ = refuse; }
@@ -79,8 +85,13 @@ public:
     void reset();
 
 private:
+    // Draws the current scene and hands it to the writer; throws what either throws.
+    void addPicture();
+    // A next frame's picture; a failure is told and ends the movie (false).
     bool takePicture();
     void writerFailed(const char* what, const std::exception& error);
+    // Cancels and drops the writer, if any, whatever it throws.
+    void abandonWriter();
 
     Host& host_;
     bool recording_ = false;

@@ -24,6 +24,9 @@ namespace vexhost {
 // True for 0, 14, 17, 20, 21 and 22.
 bool isMovieFormat(int exportFormat);
 
+// True for the formats whose codec takes even picture sizes only: 21 (H.264) and 22 (WMV2).
+bool takesEvenSizesOnly(int exportFormat);
+
 // A writer for settings.format, not yet open. Throws std::runtime_error naming the fault for a
 // format that makes no movie or a Flash image type out of range.
 std::unique_ptr<MovieWriter> createMovieWriter(const ExportSettings& settings);

@@ -1,5 +1,7 @@
 #include "vexhost/Drawing.h"
 
+#include <algorithm>
+#include <cmath>
 #include <exception>
 #include <string>
 
@@ -16,8 +18,41 @@ void Drawing::setRenderer(std::unique_ptr<Renderer> renderer) {
     renderer_ = renderer != nullptr ? std::move(renderer) : std::make_unique<NullRenderer>();
 }
 
+Image Drawing::render(const SceneState& scene, int width, int height, int supersample) {
+    Image image = renderer_->render(scene, width, height, supersample);
+    ++renderedPictures_;
+    return image;
+}
+
 Image Drawing::picture(int width, int height, int supersample) {
-    return renderer_->render(host_.scene(), width, height, supersample);
+    return render(host_.scene(), width, height, supersample);
+}
+
+const Image& Drawing::lastPicture() {
+    if (pending_) {
+        // Taken first: a renderer that fails is reported once, not at every look.
+        const PendingRedraw redraw = std::move(*pending_);
+        pending_.reset();
+        try {
+            lastPicture_ = render(redraw.scene, redraw.width, redraw.height, 1);
+        } catch (const std::exception& error) {
+            // Nothing may escape into the add-on through the C interface, and the picture is asked
+            // for on its behalf.
+            lastPicture_ = Image();
+            host_.errors().record("VexUtilRedraw",
+                                  std::string("the renderer failed: ") + error.what());
+        }
+    }
+    return lastPicture_;
+}
+
+std::pair<int, int> Drawing::pixelSize(const Frame& frame) {
+    // Rounded, not truncated: a frame made from a pixel size (vexplot --size) must come back to
+    // it, and 2.9 inches is 289.99999999999997 pixels in floating point.
+    const auto pixels = [](double inches) {
+        return static_cast<int>(std::max(1.0, std::round(inches * FrameStack::PixelsPerInch)));
+    };
+    return {pixels(frame.width()), pixels(frame.height())};
 }
 
 bool Drawing::resume() {
@@ -35,15 +70,8 @@ bool Drawing::redraw() {
     }
     ++drawnFrames_;
     host_.trace().writeEvent("redraw");
-    const int width = static_cast<int>(frame->width() * FrameStack::PixelsPerInch);
-    const int height = static_cast<int>(frame->height() * FrameStack::PixelsPerInch);
-    try {
-        lastPicture_ = picture(width, height, 1);
-    } catch (const std::exception& error) {
-        // Nothing may escape into the add-on through the C interface.
-        lastPicture_ = Image();
-        host_.errors().record("VexUtilRedraw", std::string("the renderer failed: ") + error.what());
-    }
+    const std::pair<int, int> size = pixelSize(*frame);
+    pending_ = PendingRedraw{host_.scene(), size.first, size.second};
     return true;
 }
 
@@ -51,7 +79,9 @@ void Drawing::reset() {
     suspendDepth_ = 0;
     drawnFrames_ = 0;
     skippedRedraws_ = 0;
+    renderedPictures_ = 0;
     renderer_ = std::make_unique<NullRenderer>();
+    pending_.reset();
     lastPicture_ = Image();
 }
 

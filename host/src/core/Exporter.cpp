@@ -1,11 +1,14 @@
 #include "vexhost/Exporter.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <exception>
+#include <stdexcept>
 
 #include "core/NullMovieWriter.h"
 #include "vexhost/Host.h"
+#include "vexhost/MovieWriterFactory.h"
 
 namespace vexhost {
 
@@ -49,13 +52,7 @@ StyleStore::Path setupPath(const char* attribute) {
 Exporter::Exporter(Host& host) : host_(host) {}
 
 Exporter::~Exporter() {
-    if (writer_ != nullptr) {
-        try {
-            writer_->cancel();
-        } catch (...) {
-            // Going away: nothing left to tell.
-        }
-    }
+    abandonWriter();
 }
 
 ExportSettings Exporter::settings() const {
@@ -79,8 +76,9 @@ std::pair<int, int> Exporter::imageSize() const {
     int64_t regionWidth = frames.workAreaWidth(), regionHeight = frames.workAreaHeight();
     const ExportSettings s = settings();
     if (s.region == VexExportRegion_CurrentFrame && frames.active() != nullptr) {
-        regionWidth = static_cast<int64_t>(frames.active()->width() * ppi);
-        regionHeight = static_cast<int64_t>(frames.active()->height() * ppi);
+        const std::pair<int, int> size = Drawing::pixelSize(*frames.active());
+        regionWidth = size.first;
+        regionHeight = size.second;
     } else if (s.region == VexExportRegion_AllFrames && !frames.empty()) {
         double left = frames.at(0).x(), top = frames.at(0).y();
         double right = left + frames.at(0).width(), bottom = top + frames.at(0).height();
@@ -91,12 +89,20 @@ std::pair<int, int> Exporter::imageSize() const {
             right = std::max(right, f.x() + f.width());
             bottom = std::max(bottom, f.y() + f.height());
         }
-        regionWidth = static_cast<int64_t>((right - left) * ppi);
-        regionHeight = static_cast<int64_t>((bottom - top) * ppi);
+        // Rounded, as the frames' own sizes are (Drawing::pixelSize).
+        regionWidth = std::llround((right - left) * ppi);
+        regionHeight = std::llround((bottom - top) * ppi);
     }
     regionWidth = std::max<int64_t>(regionWidth, 1);
+    regionHeight = std::max<int64_t>(regionHeight, 1);
     // The picture keeps the region's shape at the chosen width (multiplication first, as whole
-    // pixels).
+    // pixels). Codecs that take even sizes only get the nearest even height instead: padding the
+    // picture with a repeated row would put a seam at its edge. The width stays as the user chose
+    // it; an odd one is padded by the writer.
+    if (takesEvenSizesOnly(s.format)) {
+        const int64_t halfHeight = (s.imageWidth * regionHeight + regionWidth) / (2 * regionWidth);
+        return {s.imageWidth, static_cast<int>(std::max<int64_t>(2 * halfHeight, 2))};
+    }
     const int64_t height = std::max<int64_t>(s.imageWidth * regionHeight / regionWidth, 1);
     return {s.imageWidth, static_cast<int>(height)};
 }
@@ -156,31 +162,33 @@ bool Exporter::start() {
     }
     const ExportSettings s = settings();
     const std::pair<int, int> size = imageSize();
-    std::unique_ptr<MovieWriter> writer =
-        factory_ ? factory_(s) : std::make_unique<NullMovieWriter>();
-    if (writer == nullptr) {
-        log_.push_back("Export not started: no movie writer for export format " +
-                       std::to_string(s.format) + ".");
-        return false;
-    }
-    try {
-        writer->open(s, size.first, size.second);
-    } catch (const std::exception& error) {
-        log_.push_back(std::string("Export not started: ") + error.what());
-        return false;
-    }
-    writer_ = std::move(writer);
     width_ = size.first;
     height_ = size.second;
     supersample_ = s.useSuperSampling ? s.superSampleFactor : 1;
+    // The start takes the first frame: a movie that cannot be opened or a first picture that cannot
+    // be drawn or encoded refuses the start, with an error dialog that names the cause, as the
+    // application tells the user why an export did not begin.
+    try {
+        writer_ = factory_ ? factory_(s) : std::make_unique<NullMovieWriter>();
+        if (writer_ == nullptr)
+            throw std::runtime_error("There is no movie writer for the export format " +
+                                     std::to_string(s.format));
+        writer_->open(s, width_, height_);
+        addPicture();
+    } catch (const std::exception& error) {
+        abandonWriter();
+        host_.dialogs().showError(error.what());
+        log_.push_back("Export not started: the error shown says why.");
+        return false;
+    }
     recording_ = true;
-    frameCount_ = 0;
+    frameCount_ = 1;
+    ++counts_.frames;
     ++counts_.starts;
     log_.push_back("Export started: format " + std::to_string(s.format) + ", " +
                    std::to_string(width_) + " x " + std::to_string(height_) + " pixels, to \"" +
                    s.fileName + "\".");
     host_.trace().writeEvent("export-start");
-    takePicture();
     return true;
 }
 
@@ -237,13 +245,18 @@ bool Exporter::cancel() {
     return true;
 }
 
+void Exporter::addPicture() {
+    writer_->addFrame(host_.drawing().picture(width_, height_, supersample_));
+}
+
 bool Exporter::takePicture() {
+    // A frame counts also when the writer failed earlier: the run took it.
     ++frameCount_;
     ++counts_.frames;
     if (writer_ == nullptr)
         return false;
     try {
-        writer_->addFrame(host_.drawing().picture(width_, height_, supersample_));
+        addPicture();
     } catch (const std::exception& error) {
         writerFailed(("adding frame " + std::to_string(frameCount_)).c_str(), error);
         return false;
@@ -252,7 +265,16 @@ bool Exporter::takePicture() {
 }
 
 void Exporter::writerFailed(const char* what, const std::exception& error) {
+    // Told once, when it happens: the rest of the run goes on without a movie, and finishing says
+    // that none was written.
+    host_.dialogs().showError(error.what());
     log_.push_back(std::string("Export failed while ") + what + ": " + error.what());
+    abandonWriter();
+}
+
+void Exporter::abandonWriter() {
+    if (writer_ == nullptr)
+        return;
     try {
         writer_->cancel();
     } catch (...) {
@@ -262,14 +284,7 @@ void Exporter::writerFailed(const char* what, const std::exception& error) {
 }
 
 void Exporter::reset() {
-    if (writer_ != nullptr) {
-        try {
-            writer_->cancel();
-        } catch (...) {
-            // Reset must always succeed.
-        }
-        writer_.reset();
-    }
+    abandonWriter();
     recording_ = false;
     refuseStart_ = false;
     frameCount_ = 0;

@@ -12,7 +12,7 @@ namespace vexhost {
 class NullMovieWriter final : public MovieWriter {
 public:
     void open(const ExportSettings& settings, int width, int height) override;
-    void addFrame(const Image&) override { ++frames_; }
+    void addFrame(Image) override { ++frames_; }
     void finish() override { finished_ = true; }
     void cancel() override { canceled_ = true; }
     std::string summary() const override;

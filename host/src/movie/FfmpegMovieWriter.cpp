@@ -9,6 +9,7 @@ extern "C" {
 #include <sstream>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "movie/MovieEncoding.h"
 
@@ -84,7 +85,7 @@ void FfmpegMovieWriter::open(const ExportSettings& settings, int width, int heig
     state_ = State::Open;
 }
 
-void FfmpegMovieWriter::addFrame(const Image& frame) {
+void FfmpegMovieWriter::addFrame(Image frame) {
     if (state_ != State::Open) {
         throw std::logic_error("FfmpegMovieWriter::addFrame(): no movie is open");
     }
@@ -96,7 +97,7 @@ void FfmpegMovieWriter::addFrame(const Image& frame) {
                                     std::to_string(width_) + " x " + std::to_string(height_));
     }
     const std::string failure = workerError();
-    if (!failure.empty() || !queue_.push(frame)) {
+    if (!failure.empty() || !queue_.push(std::move(frame))) {
         throw std::runtime_error(failure.empty() ? workerError() : failure);
     }
     ++framesAdded_;

@@ -35,7 +35,7 @@ public:
     FfmpegMovieWriter& operator=(const FfmpegMovieWriter&) = delete;
 
     void open(const ExportSettings& settings, int width, int height) override;
-    void addFrame(const Image& frame) override;
+    void addFrame(Image frame) override;
     void finish() override;
     void cancel() override;
     std::string summary() const override;

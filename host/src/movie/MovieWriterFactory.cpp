@@ -9,6 +9,14 @@ bool isMovieFormat(int exportFormat) {
     return MovieEncoding::isMovieFormat(exportFormat);
 }
 
+bool takesEvenSizesOnly(int exportFormat) {
+    if (!MovieEncoding::isMovieFormat(exportFormat))
+        return false;
+    ExportSettings settings;
+    settings.format = exportFormat;
+    return MovieEncoding::forSettings(settings).evenSize;
+}
+
 std::unique_ptr<MovieWriter> createMovieWriter(const ExportSettings& settings) {
     // Refuses what cannot be encoded now, before the export has started anything.
     MovieEncoding::forSettings(settings);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <mutex>
 #include <stdexcept>
 #include <string>
@@ -468,15 +469,16 @@ Image EglRenderer::Resources::downsample(int width, int height, int factor) cons
     const std::size_t sourceRow = static_cast<std::size_t>(width) * factor * 4;
     const int rows = height * factor;
     if (factor == 1) {
-        // The common case, kept to a plain copy: it runs once per exported frame.
+        // The common case, once per exported frame, on the drawing thread that the export waits
+        // for: each pixel is moved as one 4-byte word whose fourth byte the next pixel overwrites,
+        // a third of the stores of copying byte by byte. The row's last pixel is copied exactly.
         for (int y = 0; y < height; ++y) {
             const uint8_t* in = &readback[static_cast<std::size_t>(rows - 1 - y) * sourceRow];
             uint8_t* out = &image.rgb[static_cast<std::size_t>(y) * width * 3];
-            for (int x = 0; x < width; ++x) {
-                out[3 * x] = in[4 * x];
-                out[3 * x + 1] = in[4 * x + 1];
-                out[3 * x + 2] = in[4 * x + 2];
+            for (int x = 0; x + 1 < width; ++x) {
+                std::memcpy(out + 3 * x, in + 4 * x, 4);
             }
+            std::memcpy(out + 3 * (width - 1), in + 4 * (width - 1), 3);
         }
         return image;
     }
