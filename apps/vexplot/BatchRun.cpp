@@ -6,8 +6,12 @@
 #include <stdexcept>
 
 #include "DemoScene.h"
+#include "LazyRenderer.h"
+#include "SnapshotCommand.h"
+#include "vexhost/EglRenderer.h"
 #include "vexhost/GuiScript.h"
 #include "vexhost/MacroFileRunner.h"
+#include "vexhost/MovieWriterFactory.h"
 
 namespace vexplot {
 namespace app {
@@ -41,6 +45,11 @@ bool BatchRun::setUp() {
             return false;
         }
     }
+    // Pictures and movies for real. OpenGL starts with the first picture anybody asks for (an
+    // export or a snapshot): a run that only animates on screen never starts it.
+    host_.drawing().setRenderer(
+        std::make_unique<LazyRenderer>([] { return vexhost::EglRenderer::create(); }));
+    host_.exporter().setMovieWriterFactory(&vexhost::createMovieWriter);
     host_.macro().setRecording(!options_.recordPath.empty());
     for (bool answer : options_.answers)
         host_.dialogs().queueAnswer(answer);
@@ -65,7 +74,7 @@ bool BatchRun::setUp() {
                         options_.width / vexhost::FrameStack::PixelsPerInch,
                         options_.height / vexhost::FrameStack::PixelsPerInch);
     if (options_.data == RunOptions::Data::Demo)
-        DemoScene::load(host_);
+        DemoScene::load(host_, options_.demoTriangles);
     host_.idleQueue().runUntilEmpty();
     return checkHostErrors("setting up the frame");
 }
@@ -74,6 +83,7 @@ bool BatchRun::runMacroFiles() {
     vexhost::MacroFileRunner runner(host_);
     // $!UI DUMP is what a run prints on stdout.
     vexhost::GuiScript::install(runner, host_, std::cout);
+    SnapshotCommand::install(runner, host_);
     runner.setKeepGoing(options_.keepGoing);
     runner.setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {
         reporter_.showFailure(failure);

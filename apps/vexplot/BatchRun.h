@@ -1,10 +1,11 @@
 // One vexplot run, from the parsed command line to the exit status:
-//  1. the frame trace opened (--trace), the macro recorder on (--record), the answers, file names
-//     and Stop press queued;
+//  1. the frame trace opened (--trace), the host's pictures and movies made real (the EGL renderer,
+//     started with the first picture asked for, and the FFmpeg movie writers), the macro recorder
+//     on (--record), the answers, file names and Stop press queued;
 //  2. the add-on library loaded through its entry point;
 //  3. one 3D Cartesian frame of the asked size, showing the data set (--data);
-//  4. the macro files run in order, the idle queue after each line; the first failing line ends
-//     the run unless --keep-going;
+//  4. the macro files run in order ($!UI and $!SNAPSHOT added to the host's commands), the idle
+//     queue after each line; the first failing line ends the run unless --keep-going;
 //  5. the idle queue run, the shutting-down state change sent (15), the trace's exit line written;
 //  6. the recorded macro lines written (--record), also when the run failed.
 // Exit status: 0 when every step worked, 1 otherwise. Everything the user should read goes to the

@@ -13,6 +13,10 @@ namespace {
 
 // The largest frame side: the host's export image width limit, so any frame can be exported.
 constexpr int64_t MaxFrameSide = 32766;
+// The demo surface's triangles per time step: enough for benchmarks of heavy scenes, few enough
+// that the six time steps fit in memory comfortably (about 30 MB per million triangles).
+constexpr int64_t MinDemoTriangles = 2;
+constexpr int64_t MaxDemoTriangles = 1000000;
 
 std::optional<int64_t> wholeNumber(const std::string& text, int64_t min, int64_t max) {
     int64_t value = 0;
@@ -57,6 +61,13 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
             options.data = RunOptions::Data::None;
         else
             throw UsageError("--data takes demo or none; found '" + value + "'");
+    } else if (option == "--demo-triangles") {
+        const std::optional<int64_t> n = wholeNumber(value, MinDemoTriangles, MaxDemoTriangles);
+        if (!n)
+            throw UsageError("--demo-triangles needs a whole number from " +
+                             std::to_string(MinDemoTriangles) + " to " +
+                             std::to_string(MaxDemoTriangles) + "; found '" + value + "'");
+        options.demoTriangles = static_cast<int>(*n);
     } else if (option == "--trace") {
         if (value.empty())
             throw UsageError("--trace needs a file name");
@@ -85,8 +96,9 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
 }
 
 bool takesValue(const std::string& option) {
-    static const char* const WithValue[] = {"--addon",  "--data",      "--trace",   "--record",
-                                            "--answer", "--file-name", "--stop-at", "--size"};
+    static const char* const WithValue[] = {"--addon",     "--data",    "--demo-triangles",
+                                            "--trace",     "--record",  "--answer",
+                                            "--file-name", "--stop-at", "--size"};
     for (const char* known : WithValue) {
         if (option == known)
             return true;
@@ -147,6 +159,7 @@ const char* CommandLine::usage() {
            "  --addon PATH       load this add-on library instead of the key frame add-on\n"
            "                     built with vexplot (../lib/libkeyframe.so next to the program)\n"
            "  --data demo|none   the data set: the built-in transient demo (default), or none\n"
+           "  --demo-triangles N the demo surface's triangles at each time step (default 20000)\n"
            "  --trace FILE       write the frame trace, one JSON object per line, to FILE\n"
            "  --record FILE      record a macro from the start and write its lines to FILE\n"
            "  --answer yes|no    queue the answer to a Yes/No question (repeatable)\n"

@@ -5,16 +5,16 @@
 #include <stdexcept>
 #include <vector>
 
-#include "vexhost/DemoDataSet.h"
-
 namespace vexplot {
 namespace app {
 
-void DemoScene::load(vexhost::Host& host) {
+void DemoScene::load(vexhost::Host& host, int triangleCount) {
     vexhost::Frame* frame = host.frames().active();
     if (frame == nullptr)
         throw std::logic_error("DemoScene::load(): there is no frame to show the data set in");
-    const vexhost::DemoDataSet demo = vexhost::DemoDataSet::build();
+    vexhost::DemoDataSet::Options options;
+    options.triangleCount = triangleCount;
+    const vexhost::DemoDataSet demo = vexhost::DemoDataSet::build(options);
     std::vector<vexhost::Zone> zones;
     for (const vexhost::DemoDataSet::Zone& zone : demo.zones) {
         vexhost::Zone added;

@@ -4,6 +4,7 @@
 #ifndef VEXPLOT_APP_DEMOSCENE_H
 #define VEXPLOT_APP_DEMOSCENE_H
 
+#include "vexhost/DemoDataSet.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -18,8 +19,10 @@ public:
 
     // Adds the zones (one notification) and streamtraces to the host's data set, turns the
     // streamtrace markers on and frames the active frame's view around the data. Needs an active
-    // frame (std::logic_error otherwise).
-    static void load(vexhost::Host& host);
+    // frame (std::logic_error otherwise). triangleCount: the surface's triangles at each time step
+    // (DemoDataSet::Options::triangleCount).
+    static void load(vexhost::Host& host,
+                     int triangleCount = vexhost::DemoDataSet::Options().triangleCount);
 
     // Sets the active frame's view to look at the box from the host's default angles, centred
     // on it, wide enough to show the whole box in the frame with ViewMargin around it; the

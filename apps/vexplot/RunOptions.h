@@ -15,6 +15,7 @@ struct RunOptions {
     bool help = false;
     std::string addOnPath;  // empty: the key frame add-on built with the program
     Data data = Data::Demo;
+    int demoTriangles = 20000;           // per time step of the demo surface
     std::string tracePath;               // empty: no frame trace
     std::string recordPath;              // empty: the macro recorder stays off
     std::vector<bool> answers;           // Yes/No answers, in the order given

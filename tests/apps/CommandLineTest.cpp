@@ -29,6 +29,7 @@ TEST(CommandLineTest, NoArgumentsGiveTheDefaults) {
     EXPECT_FALSE(options.help);
     EXPECT_EQ("", options.addOnPath);
     EXPECT_EQ(RunOptions::Data::Demo, options.data);
+    EXPECT_EQ(20000, options.demoTriangles);
     EXPECT_EQ("", options.tracePath);
     EXPECT_EQ("", options.recordPath);
     EXPECT_TRUE(options.answers.empty());
@@ -45,9 +46,11 @@ TEST(CommandLineTest, EveryOptionIsRead) {
         {"--addon",      "lib/x.so",   "--data",      "none",    "--trace",   "t.jsonl",
          "--record",     "r.mcr",      "--answer",    "yes",     "--answer",  "NO",
          "--file-name",  "a.keyframe", "--file-name", "b c.mp4", "--stop-at", "12",
-         "--keep-going", "--size",     "640x480",     "one.mcr", "two.mcr"});
+         "--keep-going", "--size",     "640x480",     "one.mcr", "two.mcr",   "--demo-triangles",
+         "100000"});
     EXPECT_EQ("lib/x.so", options.addOnPath);
     EXPECT_EQ(RunOptions::Data::None, options.data);
+    EXPECT_EQ(100000, options.demoTriangles);
     EXPECT_EQ("t.jsonl", options.tracePath);
     EXPECT_EQ("r.mcr", options.recordPath);
     EXPECT_EQ((std::vector<bool>{true, false}), options.answers);
@@ -93,8 +96,9 @@ TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
 
 TEST(CommandLineTest, UsageNamesEveryOption) {
     const std::string usage = CommandLine::usage();
-    for (const char* option : {"--addon", "--data", "--trace", "--record", "--answer",
-                               "--file-name", "--stop-at", "--keep-going", "--size", "--help"}) {
+    for (const char* option :
+         {"--addon", "--data", "--demo-triangles", "--trace", "--record", "--answer", "--file-name",
+          "--stop-at", "--keep-going", "--size", "--help"}) {
         EXPECT_NE(std::string::npos, usage.find(option)) << option;
     }
     EXPECT_EQ(0u, usage.find("Usage: vexplot [options] [MACRO_FILE ...]\n"));
@@ -133,6 +137,15 @@ INSTANTIATE_TEST_SUITE_P(
         BadCommandLine{"EmptyAddOn", {"--addon="}, "--addon needs the path of an add-on library"},
         BadCommandLine{"EmptyFileName", {"--file-name="}, "--file-name needs a file name"},
         BadCommandLine{"UnknownData", {"--data", "big"}, "--data takes demo or none; found 'big'"},
+        BadCommandLine{"DemoTrianglesTooFew",
+                       {"--demo-triangles", "1"},
+                       "--demo-triangles needs a whole number from 2 to 1000000; found '1'"},
+        BadCommandLine{"DemoTrianglesTooMany",
+                       {"--demo-triangles=1000001"},
+                       "--demo-triangles needs a whole number from 2 to 1000000; found '1000001'"},
+        BadCommandLine{"DemoTrianglesWord",
+                       {"--demo-triangles", "many"},
+                       "--demo-triangles needs a whole number from 2 to 1000000; found 'many'"},
         BadCommandLine{
             "UnknownAnswer", {"--answer", "maybe"}, "--answer takes yes or no; found 'maybe'"},
         BadCommandLine{"StopAtZero",
