@@ -1,6 +1,8 @@
 #include "addon/AddOnMenu.h"
 
 #include "addon/LockScope.h"
+#include "ui/DialogCallback.h"
+#include "ui/DialogMain.h"
 #include "vxsdkbase.h"
 
 namespace vexplot {
@@ -16,9 +18,16 @@ bool isThreeDPlotShown() {
 void addOnMenuCallback() {
     LockScope lock;
     if (isThreeDPlotShown()) {
-        // The main dialog is created here (once while the host runs, with its menu bar) and
-        // launched with VexGUIDialogLaunch, once the dialog exists. Its failures are caught here,
-        // at the callback boundary, and shown with VexUtilDialogErrMsg.
+        // The dialog and its menu bar are made once while the host runs; each later choice of
+        // the menu item shows the same dialog again.
+        catchDialogErrors([] {
+            DialogMain& dialog = DialogMain::instance();
+            if (!dialog.isCreated())
+                dialog.create();
+            if (!dialog.hasMenuBar())
+                dialog.addMenuBar();
+            dialog.launch();
+        });
     } else {
         VexUtilDialogErrMsg("Keyframe animation is only allowed with 3D plots.");
     }

@@ -17,6 +17,9 @@ void HostTest::TearDown() {
     EXPECT_FALSE(h.progress().isOpen())
         << "the percent-done status \"" << h.progress().text() << "\" is still open";
     EXPECT_FALSE(h.exporter().isRecording()) << "an export is still recording";
+    // A modal dialog left up holds the add-on's lock and takes every other dialog's input.
+    for (int32_t id : h.gui().modalDialogsUp())
+        ADD_FAILURE() << "the modal dialog \"" << h.gui().dialog(id)->title << "\" is still up";
     const Bookkeeping& memory = h.memory();
     EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::String), 0u) << "host strings leaked";
     EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::Array), 0u) << "host arrays leaked";

@@ -3,7 +3,8 @@
 // SetUp resets the host, so each test starts from a clean host (no add-ons, frames, zones, log,
 // errors or memory). TearDown checks what every run must leave behind:
 //   - no host errors (a test that provokes them takes them with takeHostErrors());
-//   - no lock held, drawing not suspended, no percent-done status open, no export recording;
+//   - no lock held, drawing not suspended, no percent-done status open, no export recording,
+//     no modal dialog up;
 //   - no host string, array, set or string list outstanding.
 // Derive from it; a fixture that overrides SetUp or TearDown calls the base first (SetUp) or last
 // (TearDown).

@@ -90,9 +90,28 @@ TEST_F(DialogMainTest, RefreshingTheListControlResetsTheModelItFollows) {
     dialog.getKeyFrameModel().removeObserver(&listControl);
 }
 
-TEST_F(DialogMainTest, OptionControlsThatCannotBeSetFailLoudly) {
-    DialogMain::instance().getControls().fadeIn = 5;
-    EXPECT_THROW(DialogMain::instance().refreshOptions(), std::logic_error);
+TEST_F(DialogMainTest, RefreshOptionsShowsTheSettingsInTheCreatedControls) {
+    createFrame3D();
+    DialogMain& dialog = DialogMain::instance();
+    dialog.create();
+    dialog.getSettings().Destination = vexplot::vexutiltools::Destination_e::ToFile;
+    dialog.getSettings().FadeOut = true;
+    // Before the menu bar exists only the destination menu is there to show a setting.
+    dialog.refreshOptions();
+    EXPECT_EQ(host().gui().control(dialog.getControls().destination)->choice, 2);
+    dialog.addMenuBar();
+    EXPECT_TRUE(host().gui().control(dialog.getControls().fadeOut)->isOn);
+    EXPECT_FALSE(host().gui().control(dialog.getControls().fadeIn)->isOn);
+    EXPECT_EQ(host().lock().depth(), 0);
+}
+
+TEST_F(DialogMainTest, TheDialogAndItsMenuBarAreMadeOnlyOnce) {
+    createFrame3D();
+    DialogMain& dialog = DialogMain::instance();
+    dialog.create();
+    dialog.addMenuBar();
+    EXPECT_THROW(dialog.create(), std::logic_error);
+    EXPECT_THROW(dialog.addMenuBar(), std::logic_error);
 }
 
 }  // namespace

@@ -1,0 +1,447 @@
+#include "ui/DialogExportOptions.h"
+
+#include <algorithm>
+#include <ios>
+#include <sstream>
+#include <stdexcept>
+
+#include <boost/format.hpp>
+
+#include "addon/FramePopperLightweight.h"
+#include "addon/LockScope.h"
+#include "ui/DialogCallback.h"
+#include "ui/FileNameChooser.h"
+#include "vxappaddonuiaction.h"
+#include "vxtoolbox.h"
+
+namespace vexplot {
+namespace vexutiltools {
+
+namespace {
+
+DialogExportOptions& self(void* clientData) {
+    return *static_cast<DialogExportOptions*>(clientData);
+}
+
+// The tables below give, per value, what the menus show, what a recorded macro line names and
+// which extension the movie file takes. Menu order is table order.
+struct FormatInfo {
+    ExportFormat_e format;
+    const char* displayText;
+    const char* keyword;
+    std::string extension;
+};
+
+const std::vector<FormatInfo>& formats() {
+    static const std::vector<FormatInfo> table = {
+        {ExportFormat_e::AVI, "AVI", "AVI", "avi"},
+        {ExportFormat_e::FLV, "Flash (FLV)", "FLV", "flv"},
+        {ExportFormat_e::Flash, "Flash (SWF)", "FLASH", "swf"},
+        {ExportFormat_e::MPEG4, "MPEG-4", "MPEG4", "mp4"},
+        {ExportFormat_e::RasterMetafile, "Raster Metafile", "RASTERMETAFILE", "rm"},
+        {ExportFormat_e::WMV, "WMV", "WMV", "wmv"}};
+    return table;
+}
+
+const FormatInfo& formatInfo(ExportFormat_e format) {
+    for (const FormatInfo& info : formats()) {
+        if (info.format == format)
+            return info;
+    }
+    throw std::out_of_range("Enumeration out of range.");
+}
+
+const std::map<ExportRegion_e, const char*>& regionKeywords() {
+    static const std::map<ExportRegion_e, const char*> table = {
+        {ExportRegion_e::CurrentFrame, "CURRENTFRAME"},
+        {ExportRegion_e::AllFrames, "ALLFRAMES"},
+        {ExportRegion_e::WorkArea, "WORKAREA"}};
+    return table;
+}
+
+const std::map<FlashImageType_e, const char*>& imageTypeKeywords() {
+    static const std::map<FlashImageType_e, const char*> table = {
+        {FlashImageType_e::Lossless, "LOSSLESS"},
+        {FlashImageType_e::JPEG, "JPEG"},
+        {FlashImageType_e::Color256, "256COLOR"}};
+    return table;
+}
+
+// The Flash compression type of each radio button, and its keyword.
+const std::map<int64_t, const char*>& compressionKeywords() {
+    static const std::map<int64_t, const char*> table = {{0, "BESTSPEED"}, {1, "SMALLESTSIZE"}};
+    return table;
+}
+
+// What the host uses for "no compression button on"; it has no keyword and is recorded as the
+// number, the only text that names it.
+constexpr int64_t NoCompressionChoice = 255;
+
+template <typename T>
+std::string keyword(const std::map<T, const char*>& table, T value) {
+    const auto found = table.find(value);
+    if (found == table.end())
+        throw std::out_of_range("Enumeration out of range.");
+    return found->second;
+}
+
+std::vector<OptionMenuStaticManager<ExportFormat_e>::Entry> formatEntries() {
+    std::vector<OptionMenuStaticManager<ExportFormat_e>::Entry> entries;
+    for (const FormatInfo& info : formats())
+        entries.push_back({info.displayText, info.format});
+    return entries;
+}
+
+// Writes one export setup attribute and, while the host records a macro, records it as the line
+// that sets it again, all under a lock of its own.
+void applyAttribute(const std::string& attribute, double doubleValue, VexArbParam_t intValue,
+                    const std::string& recordedValue) {
+    LockScope lock;
+    VexUtilExportSetup(attribute.c_str(), nullptr, doubleValue, intValue);
+    if (VexUtilMacroIsRecordingActive()) {
+        const std::string line = "$!EXPORTSETUP " + attribute + " = " + recordedValue;
+        VexUtilMacroRecordRawCommand(line.c_str());
+    }
+}
+
+void applyInteger(const std::string& attribute, int64_t value, const std::string& recordedValue) {
+    applyAttribute(attribute, 0.0, static_cast<VexArbParam_t>(value), recordedValue);
+}
+
+std::string decimal(int64_t value) {
+    return std::to_string(value);
+}
+
+int64_t truncatedScreenX(double paperInches) {
+    return static_cast<int64_t>(
+        VexUtilConvertXDimension(VexCoordSys_Paper, VexCoordSys_Screen, paperInches));
+}
+
+int64_t truncatedScreenY(double paperInches) {
+    return static_cast<int64_t>(
+        VexUtilConvertYDimension(VexCoordSys_Paper, VexCoordSys_Screen, paperInches));
+}
+
+const vexplot::toolbox::StyleValue& exportSetup() {
+    static const vexplot::toolbox::StyleValue value("ExportSetup");
+    return value;
+}
+
+}  // namespace
+
+DialogExportOptions::DialogExportOptions()
+    : width_(VEXGUI_BAD_ID, 300, true, 4, true, 32766),
+      speed_(VEXGUI_BAD_ID, 30.0, true, 0.001, true, 200.0),
+      factor_(VEXGUI_BAD_ID, 3, true, 2, true, 16),
+      formatMenu_(formatEntries()),
+      regionMenu_({{"Active Frame", ExportRegion_e::CurrentFrame},
+                   {"All Frames", ExportRegion_e::AllFrames},
+                   {"Work Area", ExportRegion_e::WorkArea}}),
+      imageTypeMenu_({{"True Color", FlashImageType_e::Lossless},
+                      {"JPEG", FlashImageType_e::JPEG},
+                      {"256 Colors", FlashImageType_e::Color256}}),
+      exportFileName_("animation") {}
+
+DialogExportOptions::~DialogExportOptions() = default;
+
+const std::string& DialogExportOptions::fileExtension(ExportFormat_e format) {
+    return formatInfo(format).extension;
+}
+
+void DialogExportOptions::launch(const AfterOk& afterOk) {
+    afterOk_ = afterOk;
+    modalLock_.acquire();
+    if (controls_.dialog == VEXGUI_BAD_ID)
+        create();
+    formatMenu_.populate(controls_.format);
+    regionMenu_.populate(controls_.region);
+    imageTypeMenu_.populate(controls_.imageType);
+    VexGUIDialogLaunch(controls_.dialog);
+}
+
+void DialogExportOptions::create() {
+    Controls& c = controls_;
+    c.dialog = VexGUIDialogCreateModal(VEXGUI_MAIN_DIALOG_PARENT, 5844, 2503, "Export Options",
+                                       &onInit, &onOk, nullptr, &onCancel, &onHelp, this);
+    c.formatLabel = VexGUILabelAdd(c.dialog, 293, 116, "Format:");
+    c.format = VexGUIOptionMenuAdd(c.dialog, 1467, 65, 4110, 145, &onChoice, this);
+    c.regionLabel = VexGUILabelAdd(c.dialog, 293, 319, "Region:");
+    c.region = VexGUIOptionMenuAdd(c.dialog, 1467, 282, 4110, 145, &onChoice, this);
+    {
+        const vexplot::toolbox::StringList labels{"&Use Width of Image on Screen", "&Enter Width:"};
+        c.widthChoice =
+            VexGUIRadioBoxAdd(c.dialog, 328, 522, 5249, 297, labels.handle(), &onChoice, this);
+    }
+    c.width = VexGUITextFieldAdd(c.dialog, 811, 848, 949, 145, &onWidthText, this);
+    c.dimensions = VexGUILabelAdd(c.dialog, 2400, 884, "Dimensions: 0 x 0");
+    c.speedLabel = VexGUILabelAdd(c.dialog, 293, 1153, "Animation Speed (frames/sec):");
+    c.speed = VexGUITextFieldAdd(c.dialog, 3989, 1131, 1588, 145, &onSpeedText, this);
+    c.antialiasing =
+        VexGUIToggleAdd(c.dialog, 293, 1334, 2055, 123, "&Antialiasing", &onChoice, this);
+    c.factorLabel = VexGUILabelAdd(c.dialog, 656, 1479, "Supersample Factor (2-16):");
+    c.factor = VexGUITextFieldAdd(c.dialog, 3989, 1457, 1588, 145, &onFactorText, this);
+    c.imageTypeLabel = VexGUILabelAdd(c.dialog, 259, 1943, "Image Type:");
+    c.imageType = VexGUIOptionMenuAdd(c.dialog, 2417, 1907, 3177, 145, &onChoice, this);
+    {
+        const vexplot::toolbox::StringList labels{"Optimize for &Speed", "Optimize for &File Size"};
+        c.compression =
+            VexGUIRadioBoxAdd(c.dialog, 241, 2125, 5336, 297, labels.handle(), &onChoice, this);
+    }
+
+    width_.setControlId(c.width);
+    speed_.setControlId(c.speed);
+    factor_.setControlId(c.factor);
+    // The width choice is the dialog's own and outlives each launch; the first one starts from
+    // the picture as it is on screen.
+    VexGUIRadioBoxSetToggle(c.widthChoice, 1);
+    width_.showValue();
+}
+
+void DialogExportOptions::init() {
+    const vexplot::toolbox::StyleValue& setup = exportSetup();
+
+    int64_t format = -1;
+    if (setup.get(format, "ExportFormat") == VexGetValue_Ok)
+        formatMenu_.setSelectedValue(static_cast<ExportFormat_e>(format));
+
+    double speed = speed_.getValue();
+    setup.get(speed, "AnimationSpeed");
+    speed_.setValue(speed_.clamp(speed));
+    speed_.showValue();
+
+    bool antialiasing = false;
+    setup.get(antialiasing, "UseSuperSampleAntiAliasing");
+    VexGUIToggleSet(controls_.antialiasing, antialiasing);
+
+    int64_t factor = 3;
+    if (setup.get(factor, "SuperSampleFactor") != VexGetValue_Ok)
+        factor = 3;
+    factor =
+        std::min<int64_t>(std::max<int64_t>(factor, factor_.getMinimum()), factor_.getMaximum());
+    factor_.setValue(static_cast<int>(factor));
+    factor_.showValue();
+
+    int64_t imageType = -1;
+    if (setup.get(imageType, "FlashImageType") == VexGetValue_Ok)
+        imageTypeMenu_.setSelectedValue(static_cast<FlashImageType_e>(imageType));
+
+    int64_t compression = 0;
+    if (setup.get(compression, "FlashCompressionType") != VexGetValue_Ok)
+        compression = 0;
+    VexGUIRadioBoxSetToggle(controls_.compression, compression == 0 ? 1 : 2);
+
+    // A host that dropped the radio box's state would leave no button on; the on-screen width
+    // is then the choice, as at the first launch.
+    if (VexGUIRadioBoxGetToggle(controls_.widthChoice) == 0)
+        VexGUIRadioBoxSetToggle(controls_.widthChoice, 1);
+
+    update();
+}
+
+bool DialogExportOptions::isSensitiveFormat(bool flashOnly, bool notRasterMetafile) const {
+    const ExportFormat_e format = formatMenu_.getSelectedValue();
+    if (flashOnly)
+        return format == ExportFormat_e::Flash;
+    if (notRasterMetafile)
+        return format != ExportFormat_e::RasterMetafile;
+    return true;
+}
+
+void DialogExportOptions::update() {
+    const Controls& c = controls_;
+    const bool flash = isSensitiveFormat(true, false);
+    VexGUISetSensitivity(c.imageTypeLabel, flash);
+    VexGUISetSensitivity(c.imageType, flash);
+    VexGUISetSensitivity(c.compression, flash);
+
+    VexGUISetSensitivity(c.width, VexGUIRadioBoxGetToggle(c.widthChoice) == 2);
+
+    const bool hasSpeed = isSensitiveFormat(false, true);
+    VexGUISetSensitivity(c.speedLabel, hasSpeed);
+    VexGUISetSensitivity(c.speed, hasSpeed);
+
+    const bool antialiasing = VexGUIToggleGet(c.antialiasing);
+    VexGUISetSensitivity(c.factorLabel, antialiasing);
+    VexGUISetSensitivity(c.factor, antialiasing);
+
+    const std::pair<int64_t, int64_t> size = computeImageSize();
+    const std::string dimensions =
+        (boost::format("Dimensions: %1% x %2%") % size.first % size.second).str();
+    VexGUILabelSetText(c.dimensions, dimensions.c_str());
+}
+
+std::pair<int64_t, int64_t> DialogExportOptions::computeImageSize() const {
+    LockScope lock;
+    int64_t width = 0;
+    int64_t height = 0;
+    switch (regionMenu_.getSelectedValue()) {
+        case ExportRegion_e::CurrentFrame: {
+            double x = 0.0, y = 0.0, frameWidth = 0.0, frameHeight = 0.0;
+            VexUtilFrameGetPosAndSize(&x, &y, &frameWidth, &frameHeight);
+            width = truncatedScreenX(frameWidth);
+            height = truncatedScreenY(frameHeight);
+            break;
+        }
+        case ExportRegion_e::AllFrames: {
+            if (VexUtilFrameGetCount() == 0)
+                break;
+            bool first = true;
+            int64_t left = 0, top = 0, right = 0, bottom = 0;
+            FramePopperLightweight popper;
+            do {
+                double x = 0.0, y = 0.0, frameWidth = 0.0, frameHeight = 0.0;
+                VexUtilFrameGetPosAndSize(&x, &y, &frameWidth, &frameHeight);
+                const int64_t frameLeft = truncatedScreenX(x);
+                const int64_t frameTop = truncatedScreenY(y);
+                const int64_t frameRight = frameLeft + truncatedScreenX(frameWidth);
+                const int64_t frameBottom = frameTop + truncatedScreenY(frameHeight);
+                if (first) {
+                    left = frameLeft, top = frameTop, right = frameRight, bottom = frameBottom;
+                    first = false;
+                } else {
+                    left = std::min(left, frameLeft);
+                    top = std::min(top, frameTop);
+                    right = std::max(right, frameRight);
+                    bottom = std::max(bottom, frameBottom);
+                }
+            } while (popper.popNext());
+            width = right - left;
+            height = bottom - top;
+            break;
+        }
+        case ExportRegion_e::WorkArea: {
+            int32_t areaWidth = 0;
+            int32_t areaHeight = 0;
+            VexUtilWorkAreaGetDimensions(&areaWidth, &areaHeight);
+            width = areaWidth;
+            height = areaHeight;
+            break;
+        }
+    }
+    if (VexGUIRadioBoxGetToggle(controls_.widthChoice) == 2) {
+        const int64_t entered = width_.getValue();
+        // A region without width has no proportions to keep; its height stays 0 rather than
+        // dividing by zero.
+        height = width != 0 ? entered * height / width : 0;
+        width = entered;
+    }
+    return {width, height};
+}
+
+void DialogExportOptions::numberEntered(int32_t field, const char* text) {
+    const std::string entered = text != nullptr ? text : "";
+    bool accepted = false;
+    if (field == controls_.width) {
+        accepted = width_.validate(entered);
+        if (!accepted)
+            width_.showValue();
+    } else if (field == controls_.speed) {
+        accepted = speed_.validate(entered);
+        if (!accepted)
+            speed_.showValue();
+    } else {
+        accepted = factor_.validate(entered);
+        if (!accepted)
+            factor_.showValue();
+    }
+    update();
+}
+
+void DialogExportOptions::ok() {
+    const ExportFormat_e format = formatMenu_.getSelectedValue();
+    const FormatInfo& info = formatInfo(format);
+    FileNameChooser chooser(exportFileName_, info.extension, info.displayText);
+    if (!chooser.chooseFileName(VexSelectFile_WriteFile))
+        return;
+    exportFileName_ = chooser.getFileName();
+
+    // Everything is read while the dialog is up, then the dialog goes before the host changes.
+    const bool flash = format == ExportFormat_e::Flash;
+    const FlashImageType_e imageType = imageTypeMenu_.getSelectedValue();
+    const int32_t compressionButton = VexGUIRadioBoxGetToggle(controls_.compression);
+    const int64_t compression = compressionButton == 1   ? 0
+                                : compressionButton == 2 ? 1
+                                                         : NoCompressionChoice;
+    const ExportRegion_e region = regionMenu_.getSelectedValue();
+    const int64_t imageWidth = computeImageSize().first;
+    const double speed = speed_.getValue();
+    const bool antialiasing = VexGUIToggleGet(controls_.antialiasing);
+    const int factor = factor_.getValue();
+    drop();
+
+    applyInteger("ExportFormat", static_cast<int64_t>(format), info.keyword);
+    if (flash) {
+        applyInteger("FlashImageType", static_cast<int64_t>(imageType),
+                     keyword(imageTypeKeywords(), imageType));
+        const auto found = compressionKeywords().find(compression);
+        applyInteger("FlashCompressionType", compression,
+                     found != compressionKeywords().end() ? found->second : decimal(compression));
+    }
+    applyInteger("ExportRegion", static_cast<int64_t>(region), keyword(regionKeywords(), region));
+    applyInteger("ImageWidth", imageWidth, decimal(imageWidth));
+    {
+        std::ostringstream text;
+        text << speed;
+        applyAttribute("AnimationSpeed", speed, 0, text.str());
+    }
+    {
+        std::ostringstream text;
+        text << std::boolalpha << antialiasing;
+        applyInteger("UseSuperSampleAntiAliasing", antialiasing ? 1 : 0, text.str());
+    }
+    if (antialiasing)
+        applyInteger("SuperSampleFactor", factor, decimal(factor));
+    applyAttribute("ExportFName", 0.0, reinterpret_cast<VexArbParam_t>(exportFileName_.c_str()),
+                   (boost::format("\"%1%\"") % exportFileName_).str());
+
+    afterOk_();
+}
+
+void DialogExportOptions::drop() {
+    VexGUIDialogDrop(controls_.dialog);
+    modalLock_.release();
+}
+
+void DialogExportOptions::onInit(void* clientData) {
+    runDialogCallback([clientData] { self(clientData).init(); });
+}
+
+void DialogExportOptions::onOk(void* clientData) {
+    runDialogCallback([clientData] { self(clientData).ok(); });
+}
+
+void DialogExportOptions::onCancel(void* clientData) {
+    runDialogCallback([clientData] { self(clientData).drop(); });
+}
+
+void DialogExportOptions::onHelp(void*) {
+    runDialogCallback([] { VexUtilHelp(HelpPage); });
+}
+
+void DialogExportOptions::onChoice(int32_t, void* clientData) {
+    runDialogCallback([clientData] { self(clientData).update(); });
+}
+
+void DialogExportOptions::onWidthText(const char* text, void* clientData) {
+    runDialogCallback([text, clientData] {
+        DialogExportOptions& dialog = self(clientData);
+        dialog.numberEntered(dialog.controls_.width, text);
+    });
+}
+
+void DialogExportOptions::onSpeedText(const char* text, void* clientData) {
+    runDialogCallback([text, clientData] {
+        DialogExportOptions& dialog = self(clientData);
+        dialog.numberEntered(dialog.controls_.speed, text);
+    });
+}
+
+void DialogExportOptions::onFactorText(const char* text, void* clientData) {
+    runDialogCallback([text, clientData] {
+        DialogExportOptions& dialog = self(clientData);
+        dialog.numberEntered(dialog.controls_.factor, text);
+    });
+}
+
+}  // namespace vexutiltools
+}  // namespace vexplot
