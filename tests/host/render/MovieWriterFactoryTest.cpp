@@ -1,6 +1,8 @@
 // Movies written through the writers the factory makes, read back with ffprobe.
 #include "vexhost/MovieWriterFactory.h"
 
+#include "support/MovieProbe.h"
+
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -63,56 +65,6 @@ Image testFrame(int width, int height, int index) {
             p[2] = static_cast<uint8_t>(bar ? 255 : 40 * index);
         }
     }
-    return image;
-}
-
-// ffprobe's key=value lines for the first video stream and the container.
-std::map<std::string, std::string> probe(const fs::path& file) {
-    const std::string command =
-        "ffprobe -v error -count_frames -select_streams v:0 -show_entries "
-        "format=format_name:stream=codec_name,width,height,r_frame_rate,nb_read_frames "
-        "-of default=noprint_wrappers=1 '" +
-        file.string() + "' 2>&1";
-    std::map<std::string, std::string> values;
-    std::FILE* pipe = popen(command.c_str(), "r");
-    if (pipe == nullptr) {
-        ADD_FAILURE() << "cannot run ffprobe";
-        return values;
-    }
-    char line[4096];
-    std::string output;
-    while (std::fgets(line, sizeof line, pipe) != nullptr) {
-        std::string text = line;
-        output += text;
-        while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) {
-            text.pop_back();
-        }
-        const std::size_t equals = text.find('=');
-        if (equals != std::string::npos) {
-            values[text.substr(0, equals)] = text.substr(equals + 1);
-        }
-    }
-    const int status = pclose(pipe);
-    EXPECT_EQ(status, 0) << "ffprobe failed: " << output;
-    return values;
-}
-
-// The first frame of a movie as ffmpeg decodes it, converted to RGB.
-Image decodeFirstFrame(const fs::path& file, int width, int height) {
-    const std::string command = "ffmpeg -v error -i '" + file.string() +
-                                "' -frames:v 1 -f rawvideo -pix_fmt rgb24 - 2>/dev/null";
-    Image image;
-    image.width = width;
-    image.height = height;
-    image.rgb.resize(static_cast<std::size_t>(width) * height * 3);
-    std::FILE* pipe = popen(command.c_str(), "r");
-    if (pipe == nullptr) {
-        ADD_FAILURE() << "cannot run ffmpeg";
-        return image;
-    }
-    const std::size_t read = std::fread(image.rgb.data(), 1, image.rgb.size(), pipe);
-    EXPECT_EQ(read, image.rgb.size()) << "ffmpeg decoded too little of " << file;
-    pclose(pipe);
     return image;
 }
 
@@ -191,7 +143,7 @@ TEST_P(MovieFormatTest, WritesAMovieThatReadsBackAsSetUp) {
 
     ASSERT_TRUE(fs::exists(settings.fileName));
     EXPECT_FALSE(fs::exists(settings.fileName + ".partial"));
-    auto values = probe(settings.fileName);
+    auto values = vextest::probeMovie(settings.fileName);
     EXPECT_EQ(values["format_name"], c.container);
     EXPECT_EQ(values["codec_name"], c.codec);
     EXPECT_EQ(values["width"], "64");
@@ -208,7 +160,9 @@ TEST_P(MovieFormatTest, DecodedPictureMatchesTheOriginal) {
     const ExportSettings settings = settingsFor(c, std::string("colours.") + c.extension);
     writeMovie(settings, 64, 48, 2);
     const Image original = testFrame(64, 48, 0);
-    const Image decoded = decodeFirstFrame(settings.fileName, 64, 48);
+    const std::vector<Image> frames = vextest::decodeFrames(settings.fileName, 64, 48, 1);
+    ASSERT_EQ(frames.size(), 1u);
+    const Image& decoded = frames.front();
     double difference = 0;
     for (std::size_t i = 0; i < original.rgb.size(); ++i) {
         difference += std::abs(original.rgb[i] - decoded.rgb[i]);
@@ -227,7 +181,7 @@ TEST_P(MovieFormatTest, OddSizeIsWrittenAndPaddedWhereTheCodecNeedsEvenSizes) {
     const ExportSettings settings = settingsFor(c, std::string("odd.") + c.extension);
     writeMovie(settings, 65, 49, 3);
 
-    auto values = probe(settings.fileName);
+    auto values = vextest::probeMovie(settings.fileName);
     EXPECT_EQ(values["width"], c.evenSizeOnly ? "66" : "65");
     EXPECT_EQ(values["height"], c.evenSizeOnly ? "50" : "49");
     EXPECT_EQ(values["nb_read_frames"], "3");
@@ -242,7 +196,8 @@ TEST_P(MovieFormatTest, SlowestAndFastestAnimationSpeedsStillMakeMovies) {
         ExportSettings settings = settingsFor(c, std::string("speed.") + c.extension);
         settings.animationSpeed = speed;
         writeMovie(settings, 32, 24, 3);
-        EXPECT_EQ(probe(settings.fileName)["nb_read_frames"], "3") << "speed " << speed;
+        EXPECT_EQ(vextest::probeMovie(settings.fileName)["nb_read_frames"], "3")
+            << "speed " << speed;
     }
 }
 
@@ -267,7 +222,7 @@ TEST_F(MovieWriterFactoryTest, FrameRateFollowsTheAnimationSpeed) {
     ExportSettings settings = settingsFor(kMovieCases[0], "slow.mp4");
     settings.animationSpeed = 2.5;
     writeMovie(settings, 32, 32, 3);
-    EXPECT_EQ(probe(settings.fileName)["r_frame_rate"], "5/2");
+    EXPECT_EQ(vextest::probeMovie(settings.fileName)["r_frame_rate"], "5/2");
 }
 
 TEST_F(MovieWriterFactoryTest, FlashImageTypeAndCompressionTradeQualityForSize) {
@@ -452,7 +407,7 @@ TEST_F(MovieWriterFactoryTest, WriterDroppedWhileOpenLeavesNoFile) {
 TEST_F(MovieWriterFactoryTest, ManyFramesPassThroughTheBoundedQueue) {
     const ExportSettings settings = settingsFor(kMovieCases[0], "long.mp4");
     writeMovie(settings, 64, 48, 40);
-    EXPECT_EQ(probe(settings.fileName)["nb_read_frames"], "40");
+    EXPECT_EQ(vextest::probeMovie(settings.fileName)["nb_read_frames"], "40");
 }
 
 }  // namespace

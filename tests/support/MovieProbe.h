@@ -1,0 +1,28 @@
+// Reading movies and pictures back the way a user's tools read them: ffprobe for what a movie
+// holds, ffmpeg for its decoded frames (and for PNG stills). For tests that check what the host
+// wrote.
+#ifndef VEXTEST_MOVIEPROBE_H
+#define VEXTEST_MOVIEPROBE_H
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "vexhost/Image.h"
+
+namespace vextest {
+
+// ffprobe's key=value answers for the movie's container and first video stream: format_name,
+// codec_name, width, height, r_frame_rate and nb_read_frames (frames decoded and counted). A
+// failing ffprobe is a test failure.
+std::map<std::string, std::string> probeMovie(const std::string& path);
+
+// The frames ffmpeg decodes from a movie or picture file, as RGB pictures of width x height (the
+// size the file holds; ffmpeg does not scale). At most maxFrames when it is above 0. Fewer bytes
+// than a whole frame at the end is a test failure.
+std::vector<vexhost::Image> decodeFrames(const std::string& path, int width, int height,
+                                         int maxFrames = 0);
+
+}  // namespace vextest
+
+#endif
