@@ -60,7 +60,8 @@ public:
     // solution time (DataSet::zonesShownAt) that have geometry, and the streamtraces.
     SceneState scene(bool withZones = true);
 
-    // Tells every listener that the host is shutting down (VexStateChange_QuitProgram).
+    // Tells every listener that the host is shutting down (VexStateChange_QuitProgram). A modal
+    // dialog still up is a host error, one per dialog.
     void shutDown();
 
     Host(const Host&) = delete;

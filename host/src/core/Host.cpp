@@ -97,6 +97,12 @@ SceneState Host::scene(bool withZones) {
 }
 
 void Host::shutDown() {
+    // A modal dialog still up holds its add-on's lock and waits for an OK or Cancel that can no
+    // longer come: the host quits in the middle of the add-on's work, which is a mistake of
+    // whoever drove the dialogs (a macro file that never closes the dialog).
+    for (int32_t id : gui_.modalDialogsUp())
+        errors_.record("Host::shutDown", "the modal dialog \"" + gui_.dialog(id)->title +
+                                             "\" is still up, holding its add-on's lock");
     stateChanges_.send(VexStateChange_QuitProgram);
 }
 
