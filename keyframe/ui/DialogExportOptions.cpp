@@ -238,25 +238,17 @@ void DialogExportOptions::init() {
     update();
 }
 
-bool DialogExportOptions::isSensitiveFormat(bool flashOnly, bool notRasterMetafile) const {
-    const ExportFormat_e format = formatMenu_.getSelectedValue();
-    if (flashOnly)
-        return format == ExportFormat_e::Flash;
-    if (notRasterMetafile)
-        return format != ExportFormat_e::RasterMetafile;
-    return true;
-}
-
 void DialogExportOptions::update() {
     const Controls& c = controls_;
-    const bool flash = isSensitiveFormat(true, false);
+    const ExportFormat_e format = formatMenu_.getSelectedValue();
+    const bool flash = format == ExportFormat_e::Flash;
     VexGUISetSensitivity(c.imageTypeLabel, flash);
     VexGUISetSensitivity(c.imageType, flash);
     VexGUISetSensitivity(c.compression, flash);
 
     VexGUISetSensitivity(c.width, VexGUIRadioBoxGetToggle(c.widthChoice) == 2);
 
-    const bool hasSpeed = isSensitiveFormat(false, true);
+    const bool hasSpeed = format != ExportFormat_e::RasterMetafile;
     VexGUISetSensitivity(c.speedLabel, hasSpeed);
     VexGUISetSensitivity(c.speed, hasSpeed);
 
@@ -330,19 +322,15 @@ std::pair<int64_t, int64_t> DialogExportOptions::computeImageSize() const {
 
 void DialogExportOptions::numberEntered(int32_t field, const char* text) {
     const std::string entered = text != nullptr ? text : "";
-    bool accepted = false;
+    // A rejected entry leaves the field showing the value still in force.
     if (field == controls_.width) {
-        accepted = width_.validate(entered);
-        if (!accepted)
+        if (!width_.validate(entered))
             width_.showValue();
     } else if (field == controls_.speed) {
-        accepted = speed_.validate(entered);
-        if (!accepted)
+        if (!speed_.validate(entered))
             speed_.showValue();
-    } else {
-        accepted = factor_.validate(entered);
-        if (!accepted)
-            factor_.showValue();
+    } else if (!factor_.validate(entered)) {
+        factor_.showValue();
     }
     update();
 }

@@ -88,7 +88,6 @@ private:
     // Sensitivities and the Dimensions label, after any change.
     void update();
     void numberEntered(int32_t field, const char* text);
-    bool isSensitiveFormat(bool flashOnly, bool notRasterMetafile) const;
 
     static void onInit(void* clientData);
     static void onOk(void* clientData);

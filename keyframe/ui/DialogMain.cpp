@@ -11,7 +11,6 @@
 #include "animation/AnimationHostQueries.h"
 #include "animation/AnimationManager.h"
 #include "file/KeyFrameFile.h"
-#include "macro/AddOnMacroCommandManager.h"
 #include "macro/CommandExecuterAbstractFactory.h"
 #include "macro/SettingsFileCommands.h"
 #include "model/ViewOperations.h"
@@ -38,10 +37,6 @@ const char* const NotTransient =
 const char* const NoStreamtraceMotion =
     "Neither streamtrace markers nor dashes are enabled.\nConcurrent streamtrace animation will "
     "be disabled.";
-
-void setSensitivity(int32_t controlId, bool sensitive) {
-    VexGUISetSensitivity(controlId, sensitive);
-}
 
 }  // namespace
 
@@ -208,14 +203,14 @@ void DialogMain::refresh() {
     const bool one = n > 0 && k == 1;
     const bool some = n > 0 && k >= 1;
     for (int32_t id : {c.apply, c.update, c.viewNameLabel, c.viewName})
-        setSensitivity(id, one);
+        VexGUISetSensitivity(id, one);
     for (int32_t id : {c.deleteKeyFrames, c.insert, c.frameCountLabel, c.frameCount})
-        setSensitivity(id, some);
-    setSensitivity(c.animateSelected, n > 0 && k >= 2);
-    setSensitivity(c.clear, n > 0);
-    setSensitivity(c.animateAll, n > 1);
-    setSensitivity(c.append, true);
-    setSensitivity(c.destination, true);
+        VexGUISetSensitivity(id, some);
+    VexGUISetSensitivity(c.animateSelected, n > 0 && k >= 2);
+    VexGUISetSensitivity(c.clear, n > 0);
+    VexGUISetSensitivity(c.animateAll, n > 1);
+    VexGUISetSensitivity(c.append, true);
+    VexGUISetSensitivity(c.destination, true);
 
     if (one)
         VexGUITextFieldSetString(
@@ -423,13 +418,14 @@ void DialogMain::saveFileAs() {
 void DialogMain::saveSettingsFileAs(const std::string& fileName) {
     LockScope lock;
     if (VexUtilMacroIsRecordingActive()) {
-        // The list is built with the dialog, whose edits have no macro commands: a recorded
-        // macro takes it from the file. The file is written first (a failure records nothing),
-        // then the macro reads it back before it saves it as the user did, so replaying it ends
-        // with the same list and the same file.
+        // The list is built with the dialog, whose edits have no macro commands, so a recorded
+        // macro takes the list from the file. The file is written first (a failure records
+        // nothing), then read back into the dialog as OpenSettingsFile does, recording it: from
+        // here on the session works on exactly the list (rounded as the file writes numbers)
+        // that the replayed macro reads, and both go on alike. Then the save is recorded.
         KeyFrameFile().write(fileName, settings_, keyFrames_);
-        AddOnMacroCommandManager::instance().recordCommand(Command_e::OpenSettingsFile,
-                                                           {{Parameter_e::FileName, fileName}});
+        CommandExecuterAbstractFactory::CommandExecuterOpenSettings().execute(
+            {{Parameter_e::FileName, fileName}});
     }
     saveSettingsFile(fileName, keyFrames_, settings_);
 }
