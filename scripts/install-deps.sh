@@ -1,18 +1,31 @@
 #!/usr/bin/env bash
 # Installs everything the project needs on a Debian 12 machine. Safe to run again: it asks apt only
 # for what is missing.
+#   --demo   only what building vexplot and the add-on and rendering the demo need (scripts/demo.sh):
+#            no test, benchmark or analysis tools.
 set -euo pipefail
 
-packages=(
-    build-essential cmake pkg-config git
+# Building vexplot and the add-on, drawing with Mesa's EGL and encoding with FFmpeg's libraries.
+demo_packages=(
+    build-essential cmake pkg-config
     libboost-dev
-    libgtest-dev libgmock-dev googletest libbenchmark-dev
-    clang libclang-rt-14-dev llvm
-    valgrind
-    ffmpeg libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
+    libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
     libegl-dev libgl-dev libegl-mesa0 libgl1-mesa-dri
     libpng-dev
 )
+packages=(
+    "${demo_packages[@]}"
+    git
+    libgtest-dev libgmock-dev googletest libbenchmark-dev
+    clang libclang-rt-14-dev llvm
+    valgrind time
+    ffmpeg
+)
+case "${1:-}" in
+    --demo) packages=("${demo_packages[@]}") ;;
+    "") ;;
+    *) echo "install-deps: unknown option $1 (use --demo or nothing)" >&2; exit 2 ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do
