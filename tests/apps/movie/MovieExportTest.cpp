@@ -321,6 +321,69 @@ TEST_F(MovieExportTest, UnwritableFileNameIsNamedByTheHostBeforeTheAddOnGivesUp)
     EXPECT_EQ(files(), (std::vector<std::string>{"flight.keyframe", "m.mcr"}));
 }
 
+// ---- OpenGL starts only for a picture somebody asks for ----
+
+// An environment variable set for the scope (and so for the vexplot started in it).
+class ScopedEnvironment {
+public:
+    ScopedEnvironment(const char* name, const char* value) : name_(name) {
+        if (const char* old = std::getenv(name))
+            old_ = old;
+        setenv(name, value, 1);
+    }
+    ~ScopedEnvironment() {
+        if (old_.empty())
+            unsetenv(name_);
+        else
+            setenv(name_, old_.c_str(), 1);
+    }
+    ScopedEnvironment(const ScopedEnvironment&) = delete;
+    ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
+
+private:
+    const char* name_;
+    std::string old_;
+};
+
+// The EGL loader finds no driver at all: OpenGL cannot start.
+class WithoutOpenGlTest : public MovieExportTest {
+protected:
+    ScopedEnvironment noDriver{"__EGL_VENDOR_LIBRARY_FILENAMES", "/nonexistent/egl-vendor.json"};
+};
+
+TEST_F(WithoutOpenGlTest, OnScreenRunNeverStartsOpenGl) {
+    process.writeFile("flight.keyframe",
+                      keyFrameFile(Settings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}}));
+    const Result result =
+        run("$!ADDON \"Key Frame Animation\" OpenSettingsFile FileName=flight.keyframe\n"
+            "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=OnScreen\n"
+            "$!REDRAW\n",
+            {"--trace", "t.jsonl"});
+    EXPECT_EQ(0, result.exitStatus) << result.err;
+    EXPECT_FALSE(contains(result.err, "OpenGL")) << result.err;
+}
+
+TEST_F(WithoutOpenGlTest, SnapshotFailsNamingWhy) {
+    const Result result = run("$!SNAPSHOT \"still.png\"\n");
+    EXPECT_EQ(1, result.exitStatus);
+    EXPECT_TRUE(contains(result.err, "m.mcr:1: Cannot start OpenGL rendering: ")) << result.err;
+    EXPECT_EQ(files(), std::vector<std::string>{"m.mcr"});
+}
+
+TEST_F(WithoutOpenGlTest, ExportShowsWhyItCannotStartAndLeavesNoFile) {
+    process.writeFile("flight.keyframe",
+                      keyFrameFile(Settings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}}));
+    const Result result = run(exportSetup("AVI", "film.avi") + kAnimateToFile);
+    EXPECT_EQ(1, result.exitStatus);
+    const std::size_t dialog = result.err.find("Cannot start OpenGL rendering: ");
+    const std::size_t failure =
+        result.err.find("m.mcr:6: Key Frame Animation error:\nUnable to start animation export.\n");
+    ASSERT_NE(dialog, std::string::npos) << result.err;
+    ASSERT_NE(failure, std::string::npos) << result.err;
+    EXPECT_LT(dialog, failure);
+    EXPECT_EQ(files(), (std::vector<std::string>{"flight.keyframe", "m.mcr"}));
+}
+
 // ---- The demo, as scripts/demo.sh renders it ----
 
 TEST_F(MovieExportTest, DemoMacroWritesTheDemoMovie) {
