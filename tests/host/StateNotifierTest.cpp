@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -108,6 +109,26 @@ TEST_F(StateNotifierTest, DuplicateRegistrationAndUnknownRemovalAreHostErrors) {
                   "already",
                   "VexUtilStateChangeRemoveCallback: this callback and client data are not "
                   "registered"}));
+}
+
+void throwOnStateChange(int32_t code, void*) {
+    throw std::runtime_error("listener failed on " + std::to_string(code));
+}
+
+TEST_F(StateNotifierTest, AnExceptionOutOfACallbackIsAHostErrorAndTheOthersStillHear) {
+    std::vector<std::string> heard;
+    Listener a{"a", &heard};
+    VexUtilStateChangeAddCallback(VexStateChangeMode_v100, &throwOnStateChange, nullptr);
+    VexUtilStateChangeAddCallback(VexStateChangeMode_v100, &hear, &a);
+    EXPECT_NO_THROW(host().stateChanges().send(VexStateChange_Style));
+    EXPECT_EQ(heard, (std::vector<std::string>{"a:6"}));
+    EXPECT_EQ(takeHostErrors(),
+              (std::vector<std::string>{"VexUtilStateChangeAddCallback: the callback let an "
+                                        "exception out on state change 6: listener failed on 6"}));
+    // The send ended properly: a listener removed now is gone at once.
+    VexUtilStateChangeRemoveCallback(&throwOnStateChange, nullptr);
+    VexUtilStateChangeRemoveCallback(&hear, &a);
+    EXPECT_EQ(host().stateChanges().listenerCount(), 0u);
 }
 
 class ToolboxListener : public vexplot::toolbox::StateChangeListenerInterface {

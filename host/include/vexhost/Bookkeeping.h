@@ -5,6 +5,8 @@
 //
 // A control call makes the k-th next string allocation fail, for tests of the add-on's handling of
 // a host that is out of memory: every host string counts (VexUtilStringAlloc and getters alike).
+// Each string allocation is also a site of the host's fault plan
+// (FaultPlan::StringAllocationFails).
 #ifndef VEXHOST_BOOKKEEPING_H
 #define VEXHOST_BOOKKEEPING_H
 
@@ -20,11 +22,14 @@
 
 namespace vexhost {
 
+class FaultPlan;
+
 class Bookkeeping {
 public:
     enum class Kind { String, Array, Set, StringList };
 
-    Bookkeeping() = default;
+    // The plan is not owned and must outlive the bookkeeping.
+    explicit Bookkeeping(FaultPlan& faults) : faults_(faults) {}
     ~Bookkeeping();
     Bookkeeping(const Bookkeeping&) = delete;
     Bookkeeping& operator=(const Bookkeeping&) = delete;
@@ -78,6 +83,7 @@ private:
     std::unordered_map<const void*, std::unique_ptr<HostStringList>> stringLists_;
     std::array<uint64_t, 4> handedOut_ = {};
     uint64_t failCountdown_ = 0;
+    FaultPlan& faults_;
 };
 
 }  // namespace vexhost

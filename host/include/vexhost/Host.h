@@ -5,7 +5,8 @@
 // reset() returns everything to a clean state: no add-ons, menus or macro callbacks, no frames, an
 // empty data set, style defaults, the call log off and empty, no host errors, no outstanding host
 // memory, an empty idle queue, no state change listeners, export idle with the default writer, the
-// null renderer, no queued answers, no fault settings, the trace closed, no dialogs or controls.
+// null renderer, no queued answers, no fault settings and no fault plan, the trace closed, no
+// dialogs or controls.
 #ifndef VEXHOST_HOST_H
 #define VEXHOST_HOST_H
 
@@ -15,6 +16,7 @@
 #include "vexhost/DataSet.h"
 #include "vexhost/Drawing.h"
 #include "vexhost/Exporter.h"
+#include "vexhost/FaultPlan.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/FrameTrace.h"
 #include "vexhost/GuiModel.h"
@@ -51,6 +53,8 @@ public:
     UserDialogs& dialogs() { return dialogs_; }
     Exporter& exporter() { return exporter_; }
     Bookkeeping& memory() { return memory_; }
+    // Planned failures of SDK calls, for tests of what an add-on does when the host fails it.
+    FaultPlan& faults() { return faults_; }
     FrameTrace& trace() { return trace_; }
     // Dialogs and controls (docs/ui-scripting.md); GuiUser acts on them as the user does.
     GuiModel& gui() { return gui_; }
@@ -73,6 +77,7 @@ private:
 
     CallLog callLog_;
     HostErrors errors_;
+    FaultPlan faults_;  // before memory_, which consults it
     Bookkeeping memory_;
     StateNotifier stateChanges_;
     LockState lock_;

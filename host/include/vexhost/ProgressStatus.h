@@ -40,6 +40,8 @@ public:
 
     // Presses Stop at the n-th check from now (n >= 1; 0 disarms).
     void pressStopAt(uint64_t n) { stopCountdown_ = n; }
+    // Presses Stop on the open status now: its next check and every later one answer false.
+    void pressStop() { stopPressed_ = open_; }
 
     // Every text shown (starts and text changes), in order.
     const std::vector<std::string>& texts() const { return texts_; }

@@ -1,7 +1,9 @@
 // The host's state change listeners (VexUtilStateChangeAddCallback). send() calls every listener
 // synchronously, in registration order. A listener may remove itself or others while being
 // notified: a removed listener is not called again, and one added meanwhile hears from the next
-// code on. Sending allocates nothing, since style sets send a code on the hot path.
+// code on. Sending allocates nothing, since style sets send a code on the hot path. A callback that
+// lets an exception out is a host error; the exception goes no further and the other listeners are
+// still called.
 #ifndef VEXHOST_STATENOTIFIER_H
 #define VEXHOST_STATENOTIFIER_H
 

@@ -1,6 +1,9 @@
 #include "vexhost/Bookkeeping.h"
 
 #include <cstring>
+#include <string>
+
+#include "vexhost/FaultPlan.h"
 
 namespace vexhost {
 
@@ -26,6 +29,10 @@ std::size_t Bookkeeping::outstandingTotal() const {
 
 char* Bookkeeping::allocateString(std::size_t maxLength) {
     if (failCountdown_ > 0 && --failCountdown_ == 0)
+        return nullptr;
+    if (faults_.isActive() &&
+        faults_.strike(FaultPlan::Fault::StringAllocationFails,
+                       "a host string of " + std::to_string(maxLength) + " characters"))
         return nullptr;
     auto buffer = std::make_unique<char[]>(maxLength + 1);  // zeroed
     char* string = buffer.get();

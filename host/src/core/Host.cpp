@@ -8,7 +8,8 @@ Host& Host::instance() {
 }
 
 Host::Host()
-    : stateChanges_(*this),
+    : memory_(faults_),
+      stateChanges_(*this),
       lock_(*this),
       addOns_(*this),
       frames_(*this),
@@ -29,6 +30,7 @@ void Host::reset() {
     trace_.reset();
     callLog_.reset();
     errors_.clear();
+    faults_.reset();
     memory_.reset();
     stateChanges_.reset();
     lock_.reset();

@@ -1,6 +1,8 @@
 #include "vexhost/StateNotifier.h"
 
 #include <algorithm>
+#include <exception>
+#include <string>
 
 #include "vexhost/Host.h"
 
@@ -50,8 +52,22 @@ void StateNotifier::send(int32_t code) {
     const std::size_t count = listeners_.size();
     for (std::size_t i = 0; i < count; ++i) {
         const Listener listener = listeners_[i];
-        if (listener.callback != nullptr)
+        if (listener.callback == nullptr)
+            continue;
+        // A callback is called from C: an exception it lets out is its add-on's mistake, which
+        // the host records rather than letting it tear through whatever SDK call sent the code.
+        // The other listeners still hear of the change.
+        try {
             listener.callback(code, listener.clientData);
+        } catch (const std::exception& error) {
+            host_.errors().record("VexUtilStateChangeAddCallback",
+                                  "the callback let an exception out on state change " +
+                                      std::to_string(code) + ": " + error.what());
+        } catch (...) {
+            host_.errors().record(
+                "VexUtilStateChangeAddCallback",
+                "the callback let an exception out on state change " + std::to_string(code));
+        }
     }
     if (--sendDepth_ == 0)
         compact();

@@ -1,8 +1,8 @@
 // The one prologue every SDK entry point starts with: a scope object that counts the call and,
 // while the call log is on, appends the call with its arguments (format in docs/host.md). It also
 // carries the checks many calls share (lock held, frame present), which record host errors under
-// the call's name. With the log off it costs one increment and one test; fault injection ("make the
-// k-th call fail") belongs here too, since every call passes through it.
+// the call's name. With the log off it costs one increment and one test. Calls that the host can
+// fail ask the fault plan (FaultPlan) whether this one fails, through strikes().
 #ifndef VEXHOST_SDK_SDKCALL_H
 #define VEXHOST_SDK_SDKCALL_H
 
@@ -78,6 +78,16 @@ public:
         if (!host_.lock().isHeld())
             error("called while no lock is held");
     }
+    // Whether the host's fault plan fails this call in the given way: a fault site, described as
+    // the call log writes the call with the arguments given here.
+    template <typename... Args>
+    bool strikes(FaultPlan::Fault fault, const Args&... args) const {
+        FaultPlan& plan = host_.faults();
+        if (__builtin_expect(!plan.isActive(), 1))
+            return false;
+        return plan.strike(fault, describe(args...));
+    }
+
     // The active frame, or nullptr with a host error.
     Frame* requireActiveFrame() const;
     // The current frame (the lightweight-popped one while popping), or nullptr with a host error.
@@ -86,12 +96,17 @@ public:
 private:
     template <typename... Args>
     void log(const Args&... args) {
+        host_.callLog().append(describe(args...));
+    }
+    // "function(arguments)", the call log's line.
+    template <typename... Args>
+    std::string describe(const Args&... args) const {
         std::string entry = function_;
         entry += '(';
         [[maybe_unused]] bool first = true;  // unused for calls without arguments
         (appendSeparated(entry, first, args), ...);
         entry += ')';
-        host_.callLog().append(std::move(entry));
+        return entry;
     }
     template <typename T>
     static void appendSeparated(std::string& out, bool& first, const T& value) {

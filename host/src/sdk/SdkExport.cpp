@@ -1,6 +1,7 @@
 // Export setup and the export state machine.
 #include "sdk/SdkCall.h"
 
+using vexhost::FaultPlan;
 using vexhost::sdk::SdkCall;
 using vexhost::sdk::StringInInteger;
 
@@ -47,6 +48,8 @@ bool VexUtilExportIsRecording(void) {
 bool VexUtilExportStart(void) {
     SdkCall call("VexUtilExportStart");
     call.requireLock();
+    if (call.strikes(FaultPlan::Fault::ExportStartRefused))
+        return false;
     return call.host().exporter().start();
 }
 

@@ -1,6 +1,7 @@
 // The percent-done status.
 #include "sdk/SdkCall.h"
 
+using vexhost::FaultPlan;
 using vexhost::sdk::SdkCall;
 
 bool VexUtilStatusStartPercentDone(const char* text, bool showStopButton, bool showProgressBar) {
@@ -27,6 +28,10 @@ void VexUtilStatusSetPercentDoneText(const char* text) {
 bool VexUtilStatusCheckPercentDone(int32_t percentDone) {
     SdkCall call("VexUtilStatusCheckPercentDone", percentDone);
     call.requireLock();
+    // A planned Stop is pressed at this check, as the user does: it and every later check of the
+    // same status answer false.
+    if (call.host().progress().isOpen() && call.strikes(FaultPlan::Fault::StopPressed, percentDone))
+        call.host().progress().pressStop();
     return call.host().progress().check(percentDone);
 }
 
