@@ -9,7 +9,8 @@ namespace vexutiltools {
 // Switches the host's display lists off for the scope's lifetime: an animation changes the scene
 // every frame, so cached display lists would only be rebuilt for nothing. Construction reads the
 // boolean style value ("Interface", "UseDisplayLists"), keeps it and sets it to false; destruction
-// sets the kept value back, on every exit path.
+// sets the kept value back, on every exit path. Should the host refuse the read, the scope leaves
+// the setting alone altogether: what it cannot put back, it does not change.
 //
 // The caller holds the host lock for the scope's lifetime (style values are host state).
 class DisplayListSuspender {
@@ -22,9 +23,8 @@ public:
 
 private:
     vexplot::toolbox::StyleValue useDisplayLists_;
-    // Starts as true, the host's normal setting: should the host refuse the read, the scope
-    // still ends with display lists on rather than leaving them switched off for good.
     bool kept_ = true;
+    bool switchedOff_ = false;  // the read succeeded and the setting was switched off
 };
 
 }  // namespace vexutiltools

@@ -1,8 +1,10 @@
 #include "addon/StateChangeListener.h"
 
+#include <exception>
 #include <stdexcept>
 
 #include "addon/LockScope.h"
+#include "vxsdkbase.h"
 
 namespace vexplot {
 namespace vexutiltools {
@@ -31,7 +33,14 @@ bool StateChangeListener::isListening() const {
 
 void StateChangeListener::stateChanged(const vexplot::toolbox::StateChangeEventInterface& event) {
     LockScope lock;
-    callable_(event);
+    // The host calls this from C, in the middle of whatever SDK call changed its state: a failure
+    // of the work must end here, or it would tear through the host and through the add-on code
+    // that made that call. The user is told, as a dialog callback tells its failures.
+    try {
+        callable_(event);
+    } catch (const std::exception& error) {
+        VexUtilDialogErrMsg(error.what());
+    }
     if (event.getStateChange() == ShutdownCode)
         stopListening();
 }

@@ -13,8 +13,9 @@ namespace vexutiltools {
 // Owns a host toolbox StateChangeNotifier in state change mode 2. startListening and
 // stopListening attach and detach this listener under the host lock. Each notification is handled
 // under the host lock: the callable receives it, and when its code is 15 (the host is shutting
-// down) the listener stops listening, since no later notification can be useful. The notifier
-// withdraws its host callback when the listener is destroyed.
+// down) the listener stops listening, since no later notification can be useful. A failure of the
+// callable (a std::exception) goes no further than the notification: its text is shown in the
+// host's error dialog. The notifier withdraws its host callback when the listener is destroyed.
 class StateChangeListener : public vexplot::toolbox::StateChangeListenerInterface {
 public:
     using Callable = boost::function<void(const vexplot::toolbox::StateChangeEventInterface&)>;

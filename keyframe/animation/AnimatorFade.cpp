@@ -28,17 +28,24 @@ AnimatorFade::AnimatorFade(const std::vector<KeyFrame_s>& keyFrames,
     if (settings.FadeOut)
         fadeOutFrameCount_ = fadeLength;
 
-    lightSource_.get(savedIntensity_, "Intensity");
-    lightSource_.get(savedBackgroundLight_, "BackgroundLight");
+    // A value made up in place of a refused read would be written back at the end, changing the
+    // user's scene for good: such a value is not touched at all.
+    intensityRead_ = lightSource_.get(savedIntensity_, "Intensity") == VexGetValue_Ok;
+    backgroundLightRead_ =
+        lightSource_.get(savedBackgroundLight_, "BackgroundLight") == VexGetValue_Ok;
     const vexplot::toolbox::StyleValue axisShow = frameAxisShow();
-    axisShow.get(savedAxisShow_);
-    axisShow.set(false);
+    axisShowRead_ = axisShow.get(savedAxisShow_) == VexGetValue_Ok;
+    if (axisShowRead_)
+        axisShow.set(false);
 }
 
 AnimatorFade::~AnimatorFade() {
-    lightSource_.set(savedIntensity_, "Intensity");
-    lightSource_.set(savedBackgroundLight_, "BackgroundLight");
-    frameAxisShow().set(savedAxisShow_);
+    if (intensityRead_)
+        lightSource_.set(savedIntensity_, "Intensity");
+    if (backgroundLightRead_)
+        lightSource_.set(savedBackgroundLight_, "BackgroundLight");
+    if (axisShowRead_)
+        frameAxisShow().set(savedAxisShow_);
 }
 
 void AnimatorFade::doAnimateFrame(uint64_t frame) {
@@ -52,8 +59,10 @@ void AnimatorFade::doAnimateFrame(uint64_t frame) {
             return;
         factor = static_cast<double>(total - 1 - frame) / static_cast<double>(fadeOutFrameCount_);
     }
-    lightSource_.set(factor * savedIntensity_, "Intensity");
-    lightSource_.set(factor * savedBackgroundLight_, "BackgroundLight");
+    if (intensityRead_)
+        lightSource_.set(factor * savedIntensity_, "Intensity");
+    if (backgroundLightRead_)
+        lightSource_.set(factor * savedBackgroundLight_, "BackgroundLight");
 }
 
 }  // namespace vexutiltools

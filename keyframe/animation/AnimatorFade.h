@@ -26,6 +26,8 @@ namespace vexutiltools {
 //
 // Construction reads the two lighting values and the axis visibility ("ThreeDAxis", "FrameAxis",
 // "Show") and hides the axis; destruction writes all three back, after a cancel or a failure too.
+// A value whose read the host refuses is left alone for the whole run (not faded, not hidden, not
+// written back): the stage changes only what it can put back.
 class AnimatorFade : public AnimatorAbstract {
 public:
     AnimatorFade(const std::vector<KeyFrame_s>& keyFrames, const AnimationSettings_s& settings,
@@ -41,12 +43,14 @@ protected:
 private:
     uint64_t fadeInFrameCount_ = 0;   // 0 when fade in is off
     uint64_t fadeOutFrameCount_ = 0;  // 0 when fade out is off
-    // The host's defaults until read, so a refused read restores the host's normal lighting
-    // rather than darkness.
-    double savedIntensity_ = 75.0;
-    double savedBackgroundLight_ = 25.0;
+    double savedIntensity_ = 0.0;
+    double savedBackgroundLight_ = 0.0;
     bool fadeInEnabled_ = false;
     bool savedAxisShow_ = true;
+    // Which of the three values the host let the stage read (and so change and put back).
+    bool intensityRead_ = false;
+    bool backgroundLightRead_ = false;
+    bool axisShowRead_ = false;
     vexplot::toolbox::StyleValue lightSource_;
 };
 

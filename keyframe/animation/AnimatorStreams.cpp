@@ -9,7 +9,7 @@ AnimatorStreams::AnimatorStreams(const std::vector<KeyFrame_s>& keyFrames,
                                  std::unique_ptr<AnimatorInterface> successor)
     : AnimatorAbstract(keyFrames, std::move(successor)),
       streamTiming_("StreamAttributes", "StreamTiming") {
-    streamTiming_.get(savedTimeAnchor_, "TimeAnchor");
+    timeAnchorRead_ = streamTiming_.get(savedTimeAnchor_, "TimeAnchor") == VexGetValue_Ok;
     currentTimeAnchor_ = savedTimeAnchor_;
     double deltaTime = 0.0;
     streamTiming_.get(deltaTime, "DeltaTime");
@@ -18,10 +18,14 @@ AnimatorStreams::AnimatorStreams(const std::vector<KeyFrame_s>& keyFrames,
 }
 
 AnimatorStreams::~AnimatorStreams() {
-    streamTiming_.set(savedTimeAnchor_, "TimeAnchor");
+    if (timeAnchorRead_)
+        streamTiming_.set(savedTimeAnchor_, "TimeAnchor");
 }
 
 void AnimatorStreams::doAnimateFrame(uint64_t /*frame*/) {
+    // Moving an anchor that was never read would start from a made-up value and leave it there.
+    if (!timeAnchorRead_)
+        return;
     currentTimeAnchor_ += anchorStep_;
     streamTiming_.set(currentTimeAnchor_, "TimeAnchor");
 }

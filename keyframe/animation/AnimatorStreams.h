@@ -15,7 +15,8 @@ namespace vexutiltools {
 // ("StreamAttributes", "StreamTiming", "TimeAnchor") by a fifth of the host's delta time
 // ("DeltaTime"). The frame number is not used, so the first frame already shows one step past the
 // anchor the run started from. Destruction writes the saved anchor back, after a cancel or a
-// failure too.
+// failure too. Should the host refuse to read the anchor, the stage leaves it alone (markers stand
+// still): it changes only what it can put back.
 class AnimatorStreams : public AnimatorAbstract {
 public:
     AnimatorStreams(const std::vector<KeyFrame_s>& keyFrames,
@@ -30,6 +31,7 @@ protected:
 private:
     double savedTimeAnchor_ = 0.0;
     double currentTimeAnchor_ = 0.0;
+    bool timeAnchorRead_ = false;  // the anchor was read, so it may be moved and put back
     // 0 (markers stand still) should the host refuse the delta time.
     double anchorStep_ = 0.0;
     vexplot::toolbox::StyleValue streamTiming_;

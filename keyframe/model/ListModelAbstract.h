@@ -2,6 +2,7 @@
 #define VEXUTILTOOLS_LISTMODELABSTRACT_H
 
 #include <cstdint>
+#include <exception>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -30,8 +31,10 @@ namespace vexutiltools {
 //   positional change is dropped until a reset is announced again with an observer attached.
 // - A delivery first refreshes the items when a reset is pending, then calls the observers, then
 //   drops all pending records and clears the reset-pending and delivering flags.
-// - An observer that throws ends the delivery: the pending records are dropped and the flags
-//   cleared (so the model stays usable and the next mutation starts a fresh batch), and the
+// - An observer that throws is told nothing more of that batch, but every other observer is still
+//   told: one failing observer must not leave the others (a list control) showing a list that is
+//   no longer so. The delivery then ends as usual (the pending records are dropped and the flags
+//   cleared, so the model stays usable and the next mutation starts a fresh batch), and the first
 //   exception reaches the caller of the mutation, whose items have already changed.
 // - Observers must not change the model while it notifies them: subclasses call
 //   expectNotDelivering before each notifying mutation, which then fails loudly with
@@ -129,12 +132,20 @@ private:
         // was detached before its turn is skipped.
         const std::vector<ListModelObserverInterface*> observers(observers_.begin(),
                                                                  observers_.end());
+        std::exception_ptr firstFailure;
         for (ListModelObserverInterface* observer : observers) {
             if (observers_.count(observer) == 0)
                 continue;
-            for (const ListModelChange& change : pendingChanges_)
-                observer->listModelChanged(change);
+            try {
+                for (const ListModelChange& change : pendingChanges_)
+                    observer->listModelChanged(change);
+            } catch (...) {
+                if (!firstFailure)
+                    firstFailure = std::current_exception();
+            }
         }
+        if (firstFailure)
+            std::rethrow_exception(firstFailure);
     }
 
     std::set<ListModelObserverInterface*> observers_;  // not owned

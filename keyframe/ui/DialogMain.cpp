@@ -1,6 +1,7 @@
 #include "ui/DialogMain.h"
 
 #include <algorithm>
+#include <exception>
 #include <memory>
 #include <stdexcept>
 
@@ -246,8 +247,7 @@ void DialogMain::addKeyFrame(uint64_t position) {
         LockScope lock;
         keyFrame.solutionTime = VexUtilSolutionTimeGetCurrent();
     }
-    keyFrames_.insertItem(position, keyFrame);
-    requestRefresh();
+    editList([&] { keyFrames_.insertItem(position, keyFrame); });
 }
 
 void DialogMain::append() {
@@ -283,16 +283,42 @@ void DialogMain::applyKeyFrame() {
 void DialogMain::deleteKeyFrames() {
     std::vector<int64_t> selected = selectedPositions();
     std::sort(selected.begin(), selected.end());
-    // From the last one up, so each position still names the key frame it named.
-    for (auto it = selected.rbegin(); it != selected.rend(); ++it)
-        keyFrames_.removeItem(static_cast<uint64_t>(*it));
-    requestRefresh();
+    editList([&] {
+        // From the last one up, so each position still names the key frame it named. Every
+        // selected key frame goes, also when an observer fails being told of one removal: the
+        // first failure is reported once all are gone, so a Delete never stops half way.
+        std::exception_ptr firstFailure;
+        for (auto it = selected.rbegin(); it != selected.rend(); ++it) {
+            try {
+                keyFrames_.removeItem(static_cast<uint64_t>(*it));
+            } catch (...) {
+                if (!firstFailure)
+                    firstFailure = std::current_exception();
+            }
+        }
+        if (firstFailure)
+            std::rethrow_exception(firstFailure);
+    });
 }
 
 void DialogMain::clear() {
     const uint64_t count = keyFrames_.getItemCount();
-    if (count > 0)
-        keyFrames_.removeItems(0, count);
+    editList([&] {
+        if (count > 0)
+            keyFrames_.removeItems(0, count);
+    });
+}
+
+template <typename Edit>
+void DialogMain::editList(Edit&& edit) {
+    // A failure of an observer told of the change comes after the change: the list has changed
+    // all the same, so the fields and sensitivities must follow it before the failure is shown.
+    try {
+        edit();
+    } catch (...) {
+        requestRefresh();
+        throw;
+    }
     requestRefresh();
 }
 

@@ -143,6 +143,10 @@ public:
 private:
     DialogMain();
 
+    // Runs an edit of the key frame list, then asks for the refresh of the fields, also when the
+    // edit fails (its failure is passed on).
+    template <typename Edit>
+    void editList(Edit&& edit);
     void addKeyFrame(uint64_t position);
     void append();
     void insert();

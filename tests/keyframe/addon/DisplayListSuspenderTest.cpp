@@ -51,15 +51,18 @@ TEST_F(DisplayListSuspenderTest, RestoresTheSettingWhenAnExceptionPasses) {
     EXPECT_TRUE(displayListsOn());
 }
 
-TEST_F(DisplayListSuspenderTest, RefusedReadEndsWithDisplayListsOn) {
+TEST_F(DisplayListSuspenderTest, ARefusedReadLeavesTheSettingAsItWas) {
     LockScope lock;
-    host().style().setBool(UseDisplayLists, false);
-    host().style().refuse(UseDisplayLists, true, false);
-    {
-        DisplayListSuspender suspender;
-        EXPECT_FALSE(displayListsOn());
+    for (const bool setting : {false, true}) {
+        host().style().clearRefusals();
+        host().style().setBool(UseDisplayLists, setting);
+        host().style().refuse(UseDisplayLists, true, false);
+        {
+            DisplayListSuspender suspender;
+            EXPECT_EQ(setting, displayListsOn());
+        }
+        EXPECT_EQ(setting, displayListsOn());
     }
-    EXPECT_TRUE(displayListsOn());
 }
 
 }  // namespace

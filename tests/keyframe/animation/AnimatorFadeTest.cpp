@@ -16,6 +16,8 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
+using StyleStorePath = vexhost::StyleStore::Path;
+
 const std::string IntensitySet =
     "VexUtilStyleSetLowLevelX(\"GlobalThreeD\", \"LightSource\", \"Intensity\"";
 const std::string BackgroundSet =
@@ -201,6 +203,27 @@ TEST_F(AnimatorFadeTest, ACanceledRunPutsTheLightingAndAxisBack) {
     EXPECT_EQ("Animation canceled.",
               animateError(keyFramesOfTotal(50), 0, 2, fadeSettings(true, true)));
     expectRestored(before);
+}
+
+TEST_F(AnimatorFadeTest, ValuesWhoseReadIsRefusedAreLeftAsTheyWere) {
+    const StyleStorePath intensity = {"GlobalThreeD", "LightSource", "Intensity"};
+    const StyleStorePath background = {"GlobalThreeD", "LightSource", "BackgroundLight"};
+    const StyleStorePath axisShow = {"ThreeDAxis", "FrameAxis", "Show"};
+    host().style().setBool(axisShow, false);
+    host().style().refuse(intensity, true, false);
+    host().style().refuse(axisShow, true, false);
+    LockScope lock;
+    {
+        std::unique_ptr<AnimatorFade> stage = fadeStage(20, true, true);
+        stage->animateFrame(0);
+        EXPECT_EQ(80, host().style().getDouble(intensity));
+        EXPECT_EQ(0, host().style().getDouble(background)) << "the value read still fades";
+        EXPECT_FALSE(host().style().getBool(axisShow));
+        stage->animateFrame(19);
+    }
+    EXPECT_EQ(80, host().style().getDouble(intensity));
+    EXPECT_EQ(20, host().style().getDouble(background));
+    EXPECT_FALSE(host().style().getBool(axisShow));
 }
 
 }  // namespace

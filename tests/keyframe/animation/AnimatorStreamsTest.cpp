@@ -67,6 +67,21 @@ TEST_F(AnimatorStreamsTest, ARefusedDeltaTimeLeavesTheMarkersStill) {
     EXPECT_EQ(0.5, host().style().getDouble({"StreamAttributes", "StreamTiming", "TimeAnchor"}));
 }
 
+TEST_F(AnimatorStreamsTest, ARefusedAnchorReadLeavesTheAnchorAsItWas) {
+    host().style().setDouble({"StreamAttributes", "StreamTiming", "TimeAnchor"}, 0.3);
+    host().style().refuse({"StreamAttributes", "StreamTiming", "TimeAnchor"}, true, false);
+    const std::vector<KeyFrame_s> keyFrames = keyFramesWithCounts({3, 1});
+    LockScope lock;
+    startCallLog();
+    {
+        AnimatorStreams stage(keyFrames, nullptr);
+        stage.animateFrame(0);
+        stage.animateFrame(1);
+    }
+    EXPECT_TRUE(linesStartingWith(takeCallLog(), AnchorSet).empty());
+    EXPECT_EQ(0.3, host().style().getDouble({"StreamAttributes", "StreamTiming", "TimeAnchor"}));
+}
+
 }  // namespace
 }  // namespace vexutiltools
 }  // namespace vexplot

@@ -336,6 +336,21 @@ TEST_F(ListModelKeyFrameTest, ObserverExceptionDropsThePendingRecordsAndReachesT
     EXPECT_EQ(1, thrower.received);
 }
 
+TEST_F(ListModelKeyFrameTest, EveryOtherObserverIsToldWhenOneFails) {
+    ThrowingObserver thrower;
+    ThrowingObserver secondThrower;
+    model.addObserver(&thrower);
+    model.addObserver(&observer);
+    model.addObserver(&secondThrower);
+    try {
+        model.setItems({keyFrame("A"), keyFrame("B")});
+        FAIL() << "the observer's failure did not reach the caller";
+    } catch (const std::runtime_error& error) {
+        EXPECT_EQ("observer failed", std::string(error.what())) << "the first failure, once";
+    }
+    EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}}), changes(journal));
+}
+
 class MutatingObserver : public ListModelObserverInterface {
 public:
     explicit MutatingObserver(ListModelKeyFrame& model) : model_(model) {}
