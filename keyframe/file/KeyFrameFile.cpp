@@ -279,6 +279,10 @@ bool KeyFrameFile::readBoolean(const std::string& itemName) {
 
 KeyFrame_s KeyFrameFile::readKeyFrameSection(std::istream& in) {
     KeyFrame_s keyFrame{};
+    // A section that leaves its FrameCount out gets the smallest frame count there is, not 0: a
+    // key frame of 0 frames could neither be animated (its segment would never end) nor written
+    // to a file that reads back.
+    keyFrame.frameCount = 1;
     std::vector<double> position;
     std::vector<double> angle;
     std::string line;
@@ -356,12 +360,21 @@ KeyFrame_s KeyFrameFile::readKeyFrameSection(std::istream& in) {
 std::vector<double> KeyFrameFile::readThreeNumbers() {
     const std::size_t expected = 3;
     std::vector<double> values;
-    double value = 0.0;
-    while (item_ >> value)
-        values.push_back(value);
-    if (!item_.eof()) {
-        // A token that is not a number stopped the reading: it is read back to be named.
+    for (;;) {
+        item_ >> std::ws;
+        if (item_.eof())
+            break;  // the end of the line
+        const std::streampos tokenStart = item_.tellg();
+        double value = 0.0;
+        if (item_ >> value) {
+            values.push_back(value);
+            continue;
+        }
+        // A token that is not a number stopped the reading: it is read back from its start to be
+        // named (a number too large for a double is consumed by the failed read, and would
+        // otherwise leave the next token to be named in its place).
         item_.clear();
+        item_.seekg(tokenStart);
         std::string token;
         item_ >> token;
         throwLineError(

@@ -44,7 +44,8 @@ namespace vexutiltools {
 // Reading is all-or-nothing: the caller's settings and list change only once the whole file has
 // been read without error. Section, item and operation names are recognised in any case; blank
 // lines are skipped anywhere; items come in any order; an item given twice takes its last value;
-// items a file leaves out keep their values (settings) or stay value-initialised (key frames).
+// items a file leaves out keep their values (settings) or stay value-initialised (key frames: an
+// empty name and zeros), but for a key frame's frame count, which is then 1.
 //
 // Failures are exceptions. File names are UTF-8 text.
 class KeyFrameFile {

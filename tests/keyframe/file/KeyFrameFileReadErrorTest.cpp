@@ -147,6 +147,11 @@ const ReadErrorCase Cases[] = {
            conversion("q"), 3),
     atLine("AngleWithAWord", Header + "%KeyFrameView\n Angle 1 2 three\n" + ViewEnd,
            conversion("three"), 3),
+    // A number too large for a double is named itself, not the token after it, also at the end.
+    atLine("PositionWithANumberBeyondADouble",
+           Header + "%KeyFrameView\n Position 1 1e400 3\n" + ViewEnd, conversion("1e400"), 3),
+    atLine("AngleEndingInANumberBeyondADouble",
+           Header + "%KeyFrameView\n Angle 1 2 -1e400\n" + ViewEnd, conversion("-1e400"), 3),
     atLine("AngleWithTwoNumbers", Header + "%KeyFrameView\n\n Angle 1 2\n" + ViewEnd, mismatch(2),
            4),
     atLine("WidthNotANumber", Header + ViewStart + " Width wide\n" + ViewEnd,

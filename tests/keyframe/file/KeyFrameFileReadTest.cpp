@@ -189,13 +189,14 @@ TEST_F(KeyFrameFileReadTest, TextAfterAValueOrAnEndMarkerIsIgnored) {
     EXPECT_EQ(model_.getItems(), std::vector<KeyFrame_s>{keyFrame});
 }
 
-TEST_F(KeyFrameFileReadTest, KeyFrameItemsLeftOutAreValueInitialised) {
-    // Also a frame count of 0 taken this way is not refused.
+TEST_F(KeyFrameFileReadTest, KeyFrameItemsLeftOutAreEmptyOrZeroButTheFrameCountIsOne) {
+    // A frame count of 0 is never taken this way: such a key frame could not be animated.
     const std::string text =
         Header + "%KeyFrameView\n Angle 4 5 6\n Position 1 2 3\n%KeyFrameView\n";
     KeyFrameFile().read(createFile(text), settings_, model_);
     KeyFrame_s keyFrame{};
     keyFrame.view = KeyFrameView_s{1, 2, 3, 4, 5, 6, 0};
+    keyFrame.frameCount = 1;
     EXPECT_EQ(model_.getItems(), std::vector<KeyFrame_s>{keyFrame});
 }
 
