@@ -17,10 +17,12 @@ namespace vexutiltools {
 // on, so a stage implements only its own step; cancel is passed on unchanged.
 //
 // Construction refuses a list of fewer than two key frames with KeyFrameError "At least two
-// keyFrame views must be established to perform an animation."; the successor handed in is then
-// destroyed with the argument, so nothing it set up stays behind. Destruction runs the derived
-// stage's destructor (which puts back what that stage changed) before the successor is destroyed,
-// so a chain is torn down from the head to the terminal stage.
+// keyFrame views must be established to perform an animation.", and a list whose frame counts add
+// up beyond 2^64 - 1 frames with "Unable to animate more than 18446744073709551615 frames: there is
+// not enough memory." (its total would otherwise wrap round to a small number); the successor
+// handed in is then destroyed with the argument, so nothing it set up stays behind. Destruction
+// runs the derived stage's destructor (which puts back what that stage changed) before the
+// successor is destroyed, so a chain is torn down from the head to the terminal stage.
 class AnimatorAbstract : public AnimatorInterface {
 public:
     void animateFrame(uint64_t frame) final;
