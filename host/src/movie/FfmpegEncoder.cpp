@@ -177,23 +177,26 @@ void FfmpegEncoder::write(const Image& frame) {
                                     std::to_string(frame.height) + " for a movie of " +
                                     std::to_string(width_) + " x " + std::to_string(height_));
     }
-    const uint8_t* source = frame.rgb.data();
-    int sourceStride = width_ * 3;
-    if (codec_->width != width_ || codec_->height != height_) {
-        const int stride = codec_->width * 3;
-        padded_.resize(static_cast<std::size_t>(stride) * codec_->height);
+    // The converter's vector code reads up to 16 bytes past the end of its input, so the picture
+    // goes to it through a buffer with room behind it, never straight from its own.
+    const int sourceStride = codec_->width * 3;
+    const std::size_t sourceSize = static_cast<std::size_t>(sourceStride) * codec_->height;
+    padded_.resize(sourceSize + AV_INPUT_BUFFER_PADDING_SIZE);
+    if (codec_->width == width_ && codec_->height == height_) {
+        std::memcpy(padded_.data(), frame.rgb.data(), sourceSize);
+    } else {
+        const int pictureStride = width_ * 3;
         for (int y = 0; y < codec_->height; ++y) {
             const uint8_t* in = frame.rgb.data() +
-                                static_cast<std::size_t>(std::min(y, height_ - 1)) * sourceStride;
-            uint8_t* out = padded_.data() + static_cast<std::size_t>(y) * stride;
-            std::memcpy(out, in, static_cast<std::size_t>(sourceStride));
+                                static_cast<std::size_t>(std::min(y, height_ - 1)) * pictureStride;
+            uint8_t* out = padded_.data() + static_cast<std::size_t>(y) * sourceStride;
+            std::memcpy(out, in, static_cast<std::size_t>(pictureStride));
             for (int x = width_; x < codec_->width; ++x) {
                 std::memcpy(out + 3 * x, in + 3 * (width_ - 1), 3);
             }
         }
-        source = padded_.data();
-        sourceStride = stride;
     }
+    const uint8_t* source = padded_.data();
     FfmpegLog::clear();
     int error = av_frame_make_writable(frame_.get());
     if (error < 0) {

@@ -72,7 +72,9 @@ private:
     std::unique_ptr<AVFrame, FrameCloser> frame_;
     std::unique_ptr<AVPacket, PacketCloser> packet_;
     std::unique_ptr<SwsContext, ScalerCloser> scaler_;
-    std::vector<uint8_t> padded_;  // the picture grown to the encoded size, when it differs
+    // The picture as the converter reads it: grown to the encoded size when that differs, with
+    // AV_INPUT_BUFFER_PADDING_SIZE bytes behind it.
+    std::vector<uint8_t> padded_;
 };
 
 }  // namespace vexhost
