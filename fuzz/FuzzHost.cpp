@@ -1,0 +1,105 @@
+#include "FuzzHost.h"
+
+#include <utility>
+#include <vector>
+
+#include "FuzzSupport.h"
+#include "addon/InitVexAddOn113.h"
+#include "file/KeyFrameFile.h"
+#include "model/ListModelKeyFrame.h"
+#include "ui/DialogMain.h"
+#include "vexhost/Host.h"
+
+using namespace vexplot::vexutiltools;
+
+namespace vexfuzz {
+
+namespace {
+
+const char* const SmallFile = "small.keyframe";
+const char* const OtherFile = "other.keyframe";
+
+const ScratchDirectory& scratch() {
+    return scratchDirectory();
+}
+
+KeyFrame_s keyFrame(const char* name, KeyFrameView_s view, uint64_t frameCount, double time) {
+    KeyFrame_s result;
+    result.view = view;
+    result.name = name;
+    result.frameCount = frameCount;
+    result.solutionTime = time;
+    return result;
+}
+
+std::vector<KeyFrame_s> shortFlight() {
+    return {keyFrame("Front", {8.66, -15, 10, 60, 30, 0, 10}, 6, 0.0),
+            keyFrame("Side", {15, 8.66, 10, 60, 120, 0, 12}, 5, 0.5),
+            keyFrame("Top", {0, 0, 20, 0, 0, 0, 8}, 1, 1.0)};
+}
+
+AnimationSettings_s everyOption() {
+    AnimationSettings_s settings;
+    settings.AnimateTime = true;
+    settings.TimeAnimationOperation = TimeAnimationOperation_e::Bounce;
+    settings.NumCycles = 2;
+    settings.AnimateStreamtraces = true;
+    settings.FadeIn = true;
+    settings.FadeOut = true;
+    return settings;
+}
+
+}  // namespace
+
+FuzzHost::FuzzHost() {
+    scratch();
+}
+
+void FuzzHost::reset() {
+    DialogMain::resetInstance();
+    vexhost::Host& host = vexhost::Host::instance();
+    host.reset();
+    scratch().keepOnly({});
+    InitVexAddOn113();
+
+    host.frames().create(VexPlotType_Cartesian3D).setPosAndSize(0.5, 0.5, 4.0, 3.0);
+    for (double time : {0.0, 0.5, 1.0}) {
+        vexhost::Zone zone;
+        zone.name = "Zone";
+        zone.solutionTime = time;
+        zone.strandId = 1;
+        host.dataSet().addZone(std::move(zone));
+    }
+    host.style().setBool({"StreamAttributes", "StreamTiming", "ShowMarkers"}, true);
+    host.style().setInt({"ExportSetup", "ImageWidth"}, 64);
+    host.macro().setRecording(true);
+
+    ListModelKeyFrame model;
+    model.setItems(shortFlight());
+    KeyFrameFile().write(SmallFile, everyOption(), model);
+    KeyFrameFile().write(OtherFile, AnimationSettings_s(), model);
+
+    DialogMain& dialog = DialogMain::instance();
+    dialog.getSettings() = everyOption();
+    dialog.getKeyFrameModel().setItems(shortFlight());
+    host.idleQueue().runUntilEmpty();
+    expect(host.errors().empty(), "setting the host up made host errors");
+}
+
+void FuzzHost::checkHost() const {
+    vexhost::Host& host = vexhost::Host::instance();
+    expect(host.lock().depth() == 0 || host.gui().isModalDialogUp(),
+           "the add-on's lock is still held");
+    expect(!host.drawing().isSuspended(), "drawing is still suspended");
+    expect(!host.progress().isOpen(), "a percent-done status is still open");
+    expect(host.progress().startCount() == host.progress().finishCount(),
+           "a percent-done status was never finished");
+    expect(!host.exporter().isRecording(), "an export is still recording");
+    expect(host.memory().outstandingTotal() == 0, "host memory leaked");
+}
+
+bool FuzzHost::staysInScratch(const std::string& input) {
+    return input.find('/') == std::string::npos && input.find('\0') == std::string::npos;
+}
+
+}  // namespace vexfuzz

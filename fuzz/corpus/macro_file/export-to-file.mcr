@@ -1,0 +1,11 @@
+$!EXPORTSETUP ExportFormat = MPEG4
+$!EXPORTSETUP ExportRegion = CURRENTFRAME
+$!EXPORTSETUP ImageWidth = 64
+$!EXPORTSETUP AnimationSpeed = 10
+$!EXPORTSETUP UseSuperSampleAntiAliasing = false
+$!EXPORTSETUP ExportFName = "movie.mp4"
+$!SET GlobalThreeD LightSource Intensity = 50
+$!SET StreamAttributes StreamTiming ShowMarkers = true
+$!ADDON "Key Frame Animation" OpenSettingsFile FileName="small.keyframe"
+$!ADDON "Key Frame Animation" Animate AnimationDestination=ToFile
+$!ADDON "Key Frame Animation" SaveSettingsFile FileName=copy.keyframe
