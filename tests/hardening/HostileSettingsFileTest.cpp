@@ -190,7 +190,7 @@ TEST_F(HostileSettingsFileTest, FrameCountsBeyondAnyMemoryAreRefusedWhenAnimatin
     // than the machine has ends the same way, but the sanitizer build's allocator ends the process
     // on such an allocation instead of failing it, so no test asks for one.)
     for (const char* counts : {"18446744073709551615 1", "9223372036854775808 9223372036854775808",
-                               "400000000000000000 1"}) {
+                               "2000000000000000000 1"}) {
         std::istringstream words(counts);
         std::string first, second;
         words >> first >> second;
