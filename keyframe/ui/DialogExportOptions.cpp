@@ -268,6 +268,10 @@ std::pair<int64_t, int64_t> DialogExportOptions::computeImageSize() const {
     int64_t height = 0;
     switch (regionMenu_.getSelectedValue()) {
         case ExportRegion_e::CurrentFrame: {
+            // A macro can delete every frame while the dialog is up; with no frame there is no
+            // size to ask the host for, and the picture would be empty.
+            if (VexUtilFrameGetCount() == 0)
+                break;
             double x = 0.0, y = 0.0, frameWidth = 0.0, frameHeight = 0.0;
             VexUtilFrameGetPosAndSize(&x, &y, &frameWidth, &frameHeight);
             width = truncatedScreenX(frameWidth);

@@ -187,6 +187,20 @@ TEST_F(DialogExportOptionsTest, TheAllFramesRegionEnclosesEveryFrame) {
     pressDialogButton(Export, GuiUser::DialogButton::Cancel);
 }
 
+TEST_F(DialogExportOptionsTest, WithEveryFrameDeletedWhileUpTheFrameRegionMeasuresNothing) {
+    // A macro can delete the frames while the modal dialog waits for its answer; asking the host
+    // for the size of a frame that is not there would be a host error.
+    launch();
+    host().frames().removeAll();
+    chooseOption(Export, "Region:", "All Frames", 1);
+    EXPECT_EQ(dimensions(), "Dimensions: 0 x 0");
+    chooseOption(Export, "Region:", "Active Frame", 1);
+    EXPECT_EQ(dimensions(), "Dimensions: 0 x 0");
+    chooseRadio("Enter Width:");
+    EXPECT_EQ(dimensions(), "Dimensions: 300 x 0");
+    pressDialogButton(Export, GuiUser::DialogButton::Cancel);
+}
+
 TEST_F(DialogExportOptionsTest, OkRecordsTheSixLinesOfAnMpeg4ExportInOrder) {
     host().macro().setRecording(true);
     launch();
