@@ -5,12 +5,13 @@
 #            no test, benchmark or analysis tools.
 set -euo pipefail
 
-# Building vexplot and the add-on, drawing with Mesa's EGL and encoding with FFmpeg's libraries.
+# Building vexplot and the add-on, drawing with Mesa's EGL and encoding with FFmpeg's libraries
+# (CMake's OpenGL module asks for libOpenGL whenever EGL is asked for).
 demo_packages=(
     build-essential cmake pkg-config
     libboost-dev
     libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
-    libegl-dev libgl-dev libegl-mesa0 libgl1-mesa-dri
+    libegl-dev libgl-dev libopengl-dev libegl-mesa0 libgl1-mesa-dri
     libpng-dev
 )
 packages=(
