@@ -15,6 +15,11 @@ cmake --build "$build" -j"$jobs"
 
 # Leak checking stays on (the default on Linux); errors report their stacks. Every program the
 # tests start (vexplot, for one) is built the same way and inherits these settings.
-export ASAN_OPTIONS="detect_leaks=1:check_initialization_order=1:strict_init_order=1"
+# intercept_tls_get_addr=0: the runtime's own record of dynamic thread-local storage goes wrong
+# with some of the libraries Mesa and FFmpeg load on a plain Debian 12 (a block recorded at
+# address 0xd46), and the leak check then crashes at exit in about half the runs of vexplot.
+# Without the record, the leak check still reaches those blocks, as heap memory pointed to from
+# each thread's own storage, so no leak goes unseen.
+export ASAN_OPTIONS="detect_leaks=1:check_initialization_order=1:strict_init_order=1:intercept_tls_get_addr=0"
 export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 ctest --test-dir "$build" --output-on-failure -j"$jobs"
