@@ -21,6 +21,7 @@
 #include "animation/AnimatorKeyFrame.h"
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
+#include "support/BenchKeyFrames.h"
 #include "vexhost/Host.h"
 
 // ---- Heap accounting: every allocation of the program passes through here ----
@@ -68,6 +69,8 @@ void operator delete[](void* p, std::size_t) noexcept {
 
 namespace {
 
+using vexbench::keyFrame;
+using vexbench::twoKeyFrames;
 using vexplot::vexutiltools::AnimationManager;
 using vexplot::vexutiltools::AnimationSettings_s;
 using vexplot::vexutiltools::AnimatorKeyFrame;
@@ -80,19 +83,6 @@ void setUpHost() {
     vexhost::Host::instance().reset();
     InitVexAddOn113();
     vexhost::Host::instance().frames().create(VexPlotType_Cartesian3D);
-}
-
-KeyFrame_s keyFrame(double psi, double theta, double alpha, double x, uint64_t frameCount) {
-    KeyFrame_s keyFrame;
-    keyFrame.view = KeyFrameView_s{x, -15, 10, psi, theta, alpha, 10};
-    keyFrame.name = "View";
-    keyFrame.frameCount = frameCount;
-    return keyFrame;
-}
-
-// Two key frames `frames` frames apart, turned in every angle and moved.
-std::vector<KeyFrame_s> twoKeyFrames(uint64_t frames) {
-    return {keyFrame(60, 30, 0, 8.66, frames), keyFrame(75, -40, 20, 2, 1)};
 }
 
 // The host keeps every percentage checked; the benchmarks drop what earlier iterations left, so

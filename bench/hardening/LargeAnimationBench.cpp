@@ -19,15 +19,17 @@
 #include "animation/AnimatorKeyFrame.h"
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
+#include "support/BenchKeyFrames.h"
 #include "vexhost/Host.h"
 
 namespace {
 
+using vexbench::keyFrame;
+using vexbench::twoKeyFrames;
 using vexplot::vexutiltools::AnimationManager;
 using vexplot::vexutiltools::AnimationSettings_s;
 using vexplot::vexutiltools::AnimatorKeyFrame;
 using vexplot::vexutiltools::KeyFrame_s;
-using vexplot::vexutiltools::KeyFrameView_s;
 using vexplot::vexutiltools::LockScope;
 
 constexpr double MiB = 1024.0 * 1024.0;
@@ -61,19 +63,6 @@ void setUpHost() {
         host.dataSet().addZone(zone);
     }
     host.style().setBool({"StreamAttributes", "StreamTiming", "ShowMarkers"}, true);
-}
-
-KeyFrame_s keyFrame(double psi, double theta, double alpha, double x, uint64_t frameCount) {
-    KeyFrame_s keyFrame;
-    keyFrame.view = KeyFrameView_s{x, -15, 10, psi, theta, alpha, 10};
-    keyFrame.name = "View";
-    keyFrame.frameCount = frameCount;
-    return keyFrame;
-}
-
-// Two key frames `frames` frames apart, turned in every angle and moved: a run of frames + 1.
-std::vector<KeyFrame_s> twoKeyFrames(uint64_t frames) {
-    return {keyFrame(60, 30, 0, 8.66, frames), keyFrame(75, -40, 20, 2, 1)};
 }
 
 void BM_PrecomputeViews(benchmark::State& state) {
