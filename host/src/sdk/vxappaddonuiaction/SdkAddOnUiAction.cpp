@@ -1,32 +1,12 @@
-// Messages, file dialogs, help and menu items.
+// The add-on UI action library (vxappaddonuiaction.h): menu items of add-ons, the host's file
+// dialogs and its help.
+#include <optional>
 #include <string>
 
 #include "sdk/SdkCall.h"
 #include "vxappaddonuiaction.h"
 
 using vexhost::sdk::SdkCall;
-
-void VexUtilDialogErrMsg(const char* message) {
-    SdkCall call("VexUtilDialogErrMsg", message);
-    if (message == nullptr) {
-        call.error("the message is missing");
-        return;
-    }
-    call.host().dialogs().showError(message);
-}
-
-bool VexUtilDialogMessageBox(const char* message, VexMessageBoxType_e boxType) {
-    SdkCall call("VexUtilDialogMessageBox", message, boxType);
-    if (message == nullptr) {
-        call.error("the message is missing");
-        return false;
-    }
-    if (boxType < VexMessageBox_Error || boxType > VexMessageBox_YesNo) {
-        call.error("unknown message box type " + std::to_string(boxType));
-        return false;
-    }
-    return call.host().dialogs().showMessageBox(message, boxType);
-}
 
 bool VexUtilMenuAddOption(const char* menuPath, const char* label, int32_t mnemonic,
                           VexMenuCallback_pf callback) {
