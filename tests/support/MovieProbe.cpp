@@ -4,19 +4,9 @@
 
 #include <cstdio>
 
+#include "support/CommandOutput.h"
+
 namespace vextest {
-
-namespace {
-
-// The file name as the shell reads it.
-std::string shellQuoted(const std::string& text) {
-    std::string quoted = "'";
-    for (char c : text)
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-}
-
-}  // namespace
 
 std::map<std::string, std::string> probeMovie(const std::string& path) {
     const std::string command =
@@ -25,24 +15,11 @@ std::map<std::string, std::string> probeMovie(const std::string& path) {
         "-of default=noprint_wrappers=1 " +
         shellQuoted(path) + " 2>&1";
     std::map<std::string, std::string> values;
-    std::FILE* pipe = popen(command.c_str(), "r");
-    if (pipe == nullptr) {
-        ADD_FAILURE() << "cannot run ffprobe";
-        return values;
-    }
-    char line[4096];
-    std::string output;
-    while (std::fgets(line, sizeof line, pipe) != nullptr) {
-        std::string text = line;
-        output += text;
-        while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-            text.pop_back();
-        const std::size_t equals = text.find('=');
+    for (const std::string& line : commandOutputLines(command)) {
+        const std::size_t equals = line.find('=');
         if (equals != std::string::npos)
-            values[text.substr(0, equals)] = text.substr(equals + 1);
+            values[line.substr(0, equals)] = line.substr(equals + 1);
     }
-    const int status = pclose(pipe);
-    EXPECT_EQ(status, 0) << "ffprobe failed on " << path << ": " << output;
     return values;
 }
 

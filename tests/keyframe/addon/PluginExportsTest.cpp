@@ -1,12 +1,11 @@
 // The plug-in must export its entry point and nothing else a host could bind to by accident.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <memory>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "support/CommandOutput.h"
 
 namespace {
 
@@ -17,13 +16,9 @@ struct DynamicSymbol {
 
 // The dynamic symbols that the library defines, as "nm -D --defined-only" lists them.
 std::vector<DynamicSymbol> definedDynamicSymbols(const std::string& library) {
-    const std::string command = "nm -D --defined-only '" + library + "' 2>&1";
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    if (!pipe)
-        throw std::runtime_error("cannot run: " + command);
     std::vector<DynamicSymbol> symbols;
-    char line[4096];
-    while (std::fgets(line, sizeof line, pipe.get()) != nullptr) {
+    for (const std::string& line :
+         vextest::commandOutputLines("nm -D --defined-only " + vextest::shellQuoted(library))) {
         std::istringstream fields(line);
         std::string address;
         DynamicSymbol symbol;

@@ -1,8 +1,12 @@
 // Loads the built plug-in as a host does: dlopen, look up the entry point, call it. The plug-in
-// carries its own copy of the add-on code and shares this process's host().
+// carries its own copy of the add-on code and shares this process's host(). This program provides
+// the SDK (it links the SDK libraries), so the plug-in needs nothing more from the system.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <link.h>
 
+#include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,6 +31,31 @@ public:
 private:
     void* handle_;
 };
+
+// The paths of the shared objects loaded in this process.
+std::set<std::string> loadedObjects() {
+    std::set<std::string> objects;
+    dl_iterate_phdr(
+        [](dl_phdr_info* info, std::size_t, void* data) {
+            if (info->dlpi_name != nullptr && info->dlpi_name[0] != '\0')
+                static_cast<std::set<std::string>*>(data)->insert(info->dlpi_name);
+            return 0;
+        },
+        &objects);
+    return objects;
+}
+
+TEST(PluginLoadIntoSdkProcessTest, LoadingBringsInNothingButThePlugIn) {
+    const std::set<std::string> before = loadedObjects();
+    const LoadedPlugin plugin{VEX_ADDON_LIBRARY_PATH};
+    ASSERT_TRUE(plugin.isLoaded()) << dlerror();
+    for (const std::string& object : loadedObjects()) {
+        if (before.count(object) == 0) {
+            EXPECT_TRUE(std::filesystem::equivalent(object, VEX_ADDON_LIBRARY_PATH))
+                << "loading the plug-in also loaded " << object;
+        }
+    }
+}
 
 class PluginLoadTest : public vextest::HostTest {
 protected:
