@@ -7,6 +7,7 @@
 
 #include "BatchRun.h"
 #include "CommandLine.h"
+#include "RenderingMemory.h"
 #include "UsageError.h"
 
 namespace {
@@ -21,6 +22,7 @@ std::string programPath(const char* argv0) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    vexplot::app::keepFreedMemoryForReuse();
     using vexplot::app::CommandLine;
     vexplot::app::RunOptions options;
     try {

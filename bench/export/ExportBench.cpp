@@ -32,6 +32,7 @@
 #include <vector>
 
 #include "DemoScene.h"
+#include "support/RenderingBenchMain.h"
 #include "vexhost/AddOnLibrary.h"
 #include "vexhost/EglRenderer.h"
 #include "vexhost/Host.h"
@@ -260,4 +261,6 @@ BENCHMARK(BM_VexplotProcess)
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    return vexbench::renderingBenchmarkMain(argc, argv);
+}

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "support/RenderingBenchMain.h"
 #include "vexhost/DemoDataSet.h"
 #include "vexhost/EglRenderer.h"
 #include "vexhost/MovieWriterFactory.h"
@@ -157,4 +158,6 @@ BENCHMARK(BM_ExportAnimation)
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    return vexbench::renderingBenchmarkMain(argc, argv);
+}

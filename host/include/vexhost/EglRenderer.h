@@ -18,9 +18,8 @@
 // from one thread at a time. Surface buffers are kept per ZoneGeometry (by identity) while the
 // geometry is alive, so drawing the same zones again uploads nothing.
 //
-// Creating the first renderer also has the C library keep freed memory in the process for reuse
-// (up to 256 MB) rather than hand it back to the system after every picture: pictures allocate and
-// free megabytes each, and fresh pages cost as much as the drawing.
+// Pictures allocate and free megabytes each; how the C library serves that is the program's
+// choice, not the renderer's (apps/support/RenderingMemory.h).
 #ifndef VEXHOST_EGLRENDERER_H
 #define VEXHOST_EGLRENDERER_H
 

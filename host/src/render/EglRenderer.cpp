@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -16,10 +15,6 @@
 #include "render/SceneCamera.h"
 #include "render/StreamtraceMarks.h"
 #include "render/ZoneMeshCache.h"
-
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
 
 namespace vexhost {
 namespace {
@@ -178,21 +173,6 @@ void setMatrices(const GlProgram& program, const SceneCamera& camera) {
     glUniformMatrix4fv(program.uniform("uProjection"), 1, GL_FALSE, camera.projection().data());
 }
 
-// Every picture allocates and frees buffers of megabytes (the software rasteriser's vertex and bin
-// memory, the picture itself). With the C library's default, adaptive thresholds, freed memory at
-// the top of the heap goes back to the system and comes back as fresh pages for the next picture:
-// page faults that cost as much as the drawing when an animation alternates between surfaces. The
-// process keeps such memory for reuse instead (up to 256 MB, beyond which it is returned).
-void keepFreedMemoryForReuse() {
-#ifdef __GLIBC__
-    static std::once_flag once;
-    std::call_once(once, [] {
-        mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
-        mallopt(M_TRIM_THRESHOLD, 256 * 1024 * 1024);
-    });
-#endif
-}
-
 }  // namespace
 
 struct EglRenderer::Resources {
@@ -290,7 +270,6 @@ struct EglRenderer::Resources {
 };
 
 std::unique_ptr<EglRenderer> EglRenderer::create() {
-    keepFreedMemoryForReuse();
     return std::unique_ptr<EglRenderer>(new EglRenderer(std::make_unique<Resources>()));
 }
 
