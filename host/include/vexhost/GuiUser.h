@@ -46,6 +46,7 @@
 
 namespace vexhost {
 
+class AddOnRegistry;
 class Host;
 class GuiModel;
 
@@ -110,8 +111,8 @@ private:
     GuiDialog& usableDialog(int32_t id);
     void checkUsable(const GuiDialog& dialog) const;
 
-    Host& host_;
     GuiModel& model_;
+    AddOnRegistry& addOns_;
 };
 
 std::ostream& operator<<(std::ostream& out, GuiUser::DialogButton button);
