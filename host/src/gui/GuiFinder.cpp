@@ -29,10 +29,8 @@ const GuiDialog& GuiFinder::dialog(const std::string& title) const {
     const std::vector<const GuiDialog*> found = TieredMatch::find(
         model_.dialogs(), TieredMatch::ExactThenPlain,
         [&](const GuiDialog* dialog, int tier) { return match.matches(dialog->title, tier); });
-    if (found.empty())
-        throw wording_.noDialog(title);
-    if (found.size() > 1)
-        throw wording_.severalDialogs(title, found);
+    if (found.size() != 1)
+        throw wording_.notOneDialog(title, found);
     return *found.front();
 }
 
@@ -122,10 +120,8 @@ const GuiControl& GuiFinder::menuEntry(const GuiDialog& dialog,
         for (int32_t id : current->children)
             labels.push_back(model_.control(id)->label);
         const std::vector<int32_t> found = positionsOf(labels, step);
-        if (found.empty())
-            throw wording_.noMenuEntry(*current, step, labels);
-        if (found.size() > 1)
-            throw wording_.severalMenuEntries(*current, step, found.size());
+        if (found.size() != 1)
+            throw wording_.notOneMenuEntry(*current, step, labels, found.size());
         current = model_.control(current->children[static_cast<std::size_t>(found.front()) - 1]);
     }
     return *current;
@@ -133,11 +129,9 @@ const GuiControl& GuiFinder::menuEntry(const GuiDialog& dialog,
 
 int32_t GuiFinder::radioButton(const GuiControl& radioBox, const std::string& label) const {
     const std::vector<int32_t> found = positionsOf(radioBox.items, label);
-    if (found.size() == 1)
-        return found.front();
-    if (found.empty())
-        throw wording_.noRadioButton(radioBox, label);
-    throw wording_.severalRadioButtons(radioBox, label, found.size());
+    if (found.size() != 1)
+        throw wording_.notOneRadioButton(radioBox, label, found.size());
+    return found.front();
 }
 
 std::pair<const GuiControl*, int32_t> GuiFinder::radioButton(const GuiDialog& dialog,
@@ -164,20 +158,16 @@ std::pair<const GuiControl*, int32_t> GuiFinder::radioButton(const GuiDialog& di
         TieredMatch::find(buttons, TieredMatch::ExactThenPlain, [&](const auto& button, int tier) {
             return match.matches(button.first->items[button.second - 1], tier);
         });
-    if (found.empty())
-        throw wording_.noRadioButton(dialog, label, labels);
-    if (found.size() > 1)
-        throw wording_.severalRadioButtons(dialog, label, found.size());
+    if (found.size() != 1)
+        throw wording_.notOneRadioButton(dialog, label, labels, found.size());
     return found.front();
 }
 
 int32_t GuiFinder::optionEntry(const GuiControl& optionMenu, const std::string& text) const {
     const std::vector<int32_t> found = positionsOf(optionMenu.items, text);
-    if (found.size() == 1)
-        return found.front();
-    if (found.empty())
-        throw wording_.noOptionEntry(optionMenu, text);
-    throw wording_.severalOptionEntries(optionMenu, text, found.size());
+    if (found.size() != 1)
+        throw wording_.notOneOptionEntry(optionMenu, text, found.size());
+    return found.front();
 }
 
 const AddOnRegistry::MenuOption& GuiFinder::hostMenuItem(
@@ -193,10 +183,8 @@ const AddOnRegistry::MenuOption& GuiFinder::hostMenuItem(
             return pathMatch.matches(option->menuPath, tier) &&
                    labelMatch.matches(option->label, tier);
         });
-    if (found.empty())
-        throw wording_.noHostMenuItem(menuPath, label, options);
-    if (found.size() > 1)
-        throw wording_.severalHostMenuItems(menuPath, label, found.size());
+    if (found.size() != 1)
+        throw wording_.notOneHostMenuItem(menuPath, label, options, found.size());
     return *found.front();
 }
 

@@ -125,18 +125,16 @@ std::string GuiWording::modalDialogTitle() const {
 
 // ---- Finding ------------------------------------------------------------------------------------
 
-GuiError GuiWording::noDialog(const std::string& title) const {
+GuiError GuiWording::notOneDialog(const std::string& title,
+                                  const std::vector<const GuiDialog*>& found) const {
+    if (!found.empty())
+        return GuiError("Several dialogs are titled " + given(title) + ": " + listing(found) +
+                        "; name one by its id (#<id>).");
     const std::vector<const GuiDialog*> dialogs = model_.dialogs();
     if (dialogs.empty())
         return GuiError("There is no dialog " + given(title) + "; no dialog has been created.");
     return GuiError("There is no dialog " + given(title) + "; the dialogs are " + listing(dialogs) +
                     ".");
-}
-
-GuiError GuiWording::severalDialogs(const std::string& title,
-                                    const std::vector<const GuiDialog*>& found) const {
-    return GuiError("Several dialogs are titled " + given(title) + ": " + listing(found) +
-                    "; name one by its id (#<id>).");
 }
 
 GuiError GuiWording::noDialog(int32_t id) const {
@@ -202,60 +200,56 @@ GuiError GuiWording::notAMenu(const GuiControl& entry, const std::string& text) 
     return GuiError(inItsDialog(entry) + " is not a menu: " + given(text) + " cannot be in it.");
 }
 
-GuiError GuiWording::noMenuEntry(const GuiControl& menu, const std::string& text,
-                                 const std::vector<std::string>& labels) const {
+GuiError GuiWording::notOneMenuEntry(const GuiControl& menu, const std::string& text,
+                                     const std::vector<std::string>& labels,
+                                     std::size_t count) const {
+    if (count > 1)
+        return GuiError(menuInItsDialog(menu) + " has " + std::to_string(count) + " entries " +
+                        given(text) + "; name the one meant by its id (#<id>).");
     return GuiError(menuInItsDialog(menu) + " has no entry " + given(text) +
                     (labels.empty() ? "; it is empty." : "; it has " + quotedList(labels) + "."));
 }
 
-GuiError GuiWording::severalMenuEntries(const GuiControl& menu, const std::string& text,
-                                        std::size_t count) const {
-    return GuiError(menuInItsDialog(menu) + " has " + std::to_string(count) + " entries " +
-                    given(text) + "; name the one meant by its id (#<id>).");
-}
-
-GuiError GuiWording::noRadioButton(const GuiControl& radioBox, const std::string& label) const {
+GuiError GuiWording::notOneRadioButton(const GuiControl& radioBox, const std::string& label,
+                                       std::size_t count) const {
+    if (count > 1)
+        return GuiError(inItsDialog(radioBox) + " has " + std::to_string(count) + " buttons " +
+                        given(label) + "; name one by number.");
     return GuiError(inItsDialog(radioBox) + " has no button " + given(label) +
                     "; its buttons are " + quotedList(radioBox.items) + ".");
-}
-
-GuiError GuiWording::severalRadioButtons(const GuiControl& radioBox, const std::string& label,
-                                         std::size_t count) const {
-    return GuiError(inItsDialog(radioBox) + " has " + std::to_string(count) + " buttons " +
-                    given(label) + "; name one by number.");
 }
 
 GuiError GuiWording::noRadioBox(const GuiDialog& dialog) const {
     return GuiError(dialogTitled(dialog) + " has no radio box.");
 }
 
-GuiError GuiWording::noRadioButton(const GuiDialog& dialog, const std::string& label,
-                                   const std::vector<std::string>& labels) const {
+GuiError GuiWording::notOneRadioButton(const GuiDialog& dialog, const std::string& label,
+                                       const std::vector<std::string>& labels,
+                                       std::size_t count) const {
+    if (count > 1)
+        return GuiError(dialogTitled(dialog) + " has " + std::to_string(count) + " radio buttons " +
+                        given(label) + "; name the radio box too.");
     return GuiError(dialogTitled(dialog) + " has no radio button " + given(label) +
                     "; its radio buttons are " + quotedList(labels) + ".");
 }
 
-GuiError GuiWording::severalRadioButtons(const GuiDialog& dialog, const std::string& label,
-                                         std::size_t count) const {
-    return GuiError(dialogTitled(dialog) + " has " + std::to_string(count) + " radio buttons " +
-                    given(label) + "; name the radio box too.");
-}
-
-GuiError GuiWording::noOptionEntry(const GuiControl& optionMenu, const std::string& text) const {
+GuiError GuiWording::notOneOptionEntry(const GuiControl& optionMenu, const std::string& text,
+                                       std::size_t count) const {
+    if (count > 1)
+        return GuiError(inItsDialog(optionMenu) + " has " + std::to_string(count) + " entries " +
+                        given(text) + "; name one by number.");
     return GuiError(inItsDialog(optionMenu) + " has no entry " + given(text) +
                     (optionMenu.items.empty()
                          ? "; it is empty."
                          : "; its entries are " + quotedList(optionMenu.items) + "."));
 }
 
-GuiError GuiWording::severalOptionEntries(const GuiControl& optionMenu, const std::string& text,
-                                          std::size_t count) const {
-    return GuiError(inItsDialog(optionMenu) + " has " + std::to_string(count) + " entries " +
-                    given(text) + "; name one by number.");
-}
-
-GuiError GuiWording::noHostMenuItem(const std::string& menuPath, const std::string& label,
-                                    const std::vector<AddOnRegistry::MenuOption>& options) const {
+GuiError GuiWording::notOneHostMenuItem(const std::string& menuPath, const std::string& label,
+                                        const std::vector<AddOnRegistry::MenuOption>& options,
+                                        std::size_t count) const {
+    if (count > 1)
+        return GuiError("The host's menu " + given(menuPath) + " has " + std::to_string(count) +
+                        " items " + given(label) + ".");
     const std::string missing =
         "The host's menus have no item " + given(label) + " in " + given(menuPath);
     if (options.empty())
@@ -264,12 +258,6 @@ GuiError GuiWording::noHostMenuItem(const std::string& menuPath, const std::stri
     for (const AddOnRegistry::MenuOption& option : options)
         items.push_back(quoted(option.menuPath) + " " + quoted(option.label));
     return GuiError(missing + "; the add-ons' items are " + joined(items) + ".");
-}
-
-GuiError GuiWording::severalHostMenuItems(const std::string& menuPath, const std::string& label,
-                                          std::size_t count) const {
-    return GuiError("The host's menu " + given(menuPath) + " has " + std::to_string(count) +
-                    " items " + given(label) + ".");
 }
 
 // ---- Acting -------------------------------------------------------------------------------------

@@ -28,9 +28,9 @@ public:
     static std::string describe(const GuiControl& control);
 
     // ---- Finding: nothing, or more than one thing, fits ----
-    GuiError noDialog(const std::string& title) const;
-    GuiError severalDialogs(const std::string& title,
-                            const std::vector<const GuiDialog*>& found) const;
+    // The notOne... errors word both cases, told apart by what fits (found, count).
+    GuiError notOneDialog(const std::string& title,
+                          const std::vector<const GuiDialog*>& found) const;
     GuiError noDialog(int32_t id) const;
     GuiError noControl(const GuiDialog& dialog, const std::string& text) const;
     GuiError severalControls(const GuiDialog& dialog, const std::string& text,
@@ -46,25 +46,19 @@ public:
     GuiError noMenuPath(const GuiDialog& dialog) const;
     GuiError notAMenu(const GuiControl& entry, const std::string& text) const;
     // menu: the menu bar or a menu, whose entries have the labels.
-    GuiError noMenuEntry(const GuiControl& menu, const std::string& text,
-                         const std::vector<std::string>& labels) const;
-    GuiError severalMenuEntries(const GuiControl& menu, const std::string& text,
-                                std::size_t count) const;
-    GuiError noRadioButton(const GuiControl& radioBox, const std::string& label) const;
-    GuiError severalRadioButtons(const GuiControl& radioBox, const std::string& label,
-                                 std::size_t count) const;
+    GuiError notOneMenuEntry(const GuiControl& menu, const std::string& text,
+                             const std::vector<std::string>& labels, std::size_t count) const;
+    GuiError notOneRadioButton(const GuiControl& radioBox, const std::string& label,
+                               std::size_t count) const;
     GuiError noRadioBox(const GuiDialog& dialog) const;
-    GuiError noRadioButton(const GuiDialog& dialog, const std::string& label,
-                           const std::vector<std::string>& labels) const;
-    GuiError severalRadioButtons(const GuiDialog& dialog, const std::string& label,
-                                 std::size_t count) const;
-    GuiError noOptionEntry(const GuiControl& optionMenu, const std::string& text) const;
-    GuiError severalOptionEntries(const GuiControl& optionMenu, const std::string& text,
-                                  std::size_t count) const;
-    GuiError noHostMenuItem(const std::string& menuPath, const std::string& label,
-                            const std::vector<AddOnRegistry::MenuOption>& options) const;
-    GuiError severalHostMenuItems(const std::string& menuPath, const std::string& label,
-                                  std::size_t count) const;
+    // labels: those of every radio button of the dialog.
+    GuiError notOneRadioButton(const GuiDialog& dialog, const std::string& label,
+                               const std::vector<std::string>& labels, std::size_t count) const;
+    GuiError notOneOptionEntry(const GuiControl& optionMenu, const std::string& text,
+                               std::size_t count) const;
+    GuiError notOneHostMenuItem(const std::string& menuPath, const std::string& label,
+                                const std::vector<AddOnRegistry::MenuOption>& options,
+                                std::size_t count) const;
 
     // ---- Acting: what a user could not do ----
     GuiError dialogNotUp(const GuiDialog& dialog) const;
