@@ -9,7 +9,7 @@
 #include "addon/PercentDoneScope.h"
 #include "animation/AnimatorAbstractFactory.h"
 #include "macro/AddOnMacroCommandManager.h"
-#include "macro/DestinationNameTable.h"
+#include "model/Destination_e.h"
 #include "model/TotalFrameCount.h"
 #include "vxsdkbase.h"
 
