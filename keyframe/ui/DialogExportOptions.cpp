@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <ios>
+#include <map>
 #include <sstream>
-#include <stdexcept>
 
 #include <boost/format.hpp>
 
@@ -23,50 +23,6 @@ DialogExportOptions& self(void* clientData) {
     return *static_cast<DialogExportOptions*>(clientData);
 }
 
-// The tables below give, per value, what the menus show, what a recorded macro line names and
-// which extension the movie file takes. Menu order is table order.
-struct FormatInfo {
-    ExportFormat_e format;
-    const char* displayText;
-    const char* keyword;
-    std::string extension;
-};
-
-const std::vector<FormatInfo>& formats() {
-    static const std::vector<FormatInfo> table = {
-        {ExportFormat_e::AVI, "AVI", "AVI", "avi"},
-        {ExportFormat_e::FLV, "Flash (FLV)", "FLV", "flv"},
-        {ExportFormat_e::Flash, "Flash (SWF)", "FLASH", "swf"},
-        {ExportFormat_e::MPEG4, "MPEG-4", "MPEG4", "mp4"},
-        {ExportFormat_e::RasterMetafile, "Raster Metafile", "RASTERMETAFILE", "rm"},
-        {ExportFormat_e::WMV, "WMV", "WMV", "wmv"}};
-    return table;
-}
-
-const FormatInfo& formatInfo(ExportFormat_e format) {
-    for (const FormatInfo& info : formats()) {
-        if (info.format == format)
-            return info;
-    }
-    throw std::out_of_range("Enumeration out of range.");
-}
-
-const std::map<ExportRegion_e, const char*>& regionKeywords() {
-    static const std::map<ExportRegion_e, const char*> table = {
-        {ExportRegion_e::CurrentFrame, "CURRENTFRAME"},
-        {ExportRegion_e::AllFrames, "ALLFRAMES"},
-        {ExportRegion_e::WorkArea, "WORKAREA"}};
-    return table;
-}
-
-const std::map<FlashImageType_e, const char*>& imageTypeKeywords() {
-    static const std::map<FlashImageType_e, const char*> table = {
-        {FlashImageType_e::Lossless, "LOSSLESS"},
-        {FlashImageType_e::JPEG, "JPEG"},
-        {FlashImageType_e::Color256, "256COLOR"}};
-    return table;
-}
-
 // The Flash compression type of each radio button, and its keyword.
 const std::map<int64_t, const char*>& compressionKeywords() {
     static const std::map<int64_t, const char*> table = {{0, "BESTSPEED"}, {1, "SMALLESTSIZE"}};
@@ -78,18 +34,8 @@ const std::map<int64_t, const char*>& compressionKeywords() {
 constexpr int64_t NoCompressionChoice = 255;
 
 template <typename T>
-std::string keyword(const std::map<T, const char*>& table, T value) {
-    const auto found = table.find(value);
-    if (found == table.end())
-        throw std::out_of_range("Enumeration out of range.");
-    return found->second;
-}
-
-std::vector<OptionMenuStaticManager<ExportFormat_e>::Entry> formatEntries() {
-    std::vector<OptionMenuStaticManager<ExportFormat_e>::Entry> entries;
-    for (const FormatInfo& info : formats())
-        entries.push_back({info.displayText, info.format});
-    return entries;
+const ExportSetupTable<T>& table() {
+    return ExportSetupTable<T>::instance();
 }
 
 // Writes one export setup attribute and, while the host records a macro, records it as the line
@@ -106,6 +52,13 @@ void applyAttribute(const std::string& attribute, double doubleValue, VexArbPara
 
 void applyInteger(const std::string& attribute, int64_t value, const std::string& recordedValue) {
     applyAttribute(attribute, 0.0, static_cast<VexArbParam_t>(value), recordedValue);
+}
+
+// An enumerated attribute, recorded by its keyword.
+template <typename T>
+void applyChoice(T value) {
+    applyInteger(table<T>().getAttribute(), static_cast<int64_t>(value),
+                 table<T>().getEntry(value).keyword);
 }
 
 std::string decimal(int64_t value) {
@@ -127,25 +80,30 @@ const vexplot::toolbox::StyleValue& exportSetup() {
     return value;
 }
 
+// Shows the host's value of an enumerated attribute in its menu; a value the host does not have,
+// or one the menu does not offer, leaves the menu as it is.
+template <typename T>
+void showHostChoice(OptionMenuStaticManager<T>& menu) {
+    int64_t value = -1;
+    if (exportSetup().get(value, table<T>().getAttribute()) == VexGetValue_Ok)
+        menu.setSelectedValue(static_cast<T>(value));
+}
+
 }  // namespace
 
 DialogExportOptions::DialogExportOptions()
     : width_(VEXGUI_BAD_ID, 300, true, 4, true, 32766),
       speed_(VEXGUI_BAD_ID, 30.0, true, 0.001, true, 200.0),
       factor_(VEXGUI_BAD_ID, 3, true, 2, true, 16),
-      formatMenu_(formatEntries()),
-      regionMenu_({{"Active Frame", ExportRegion_e::CurrentFrame},
-                   {"All Frames", ExportRegion_e::AllFrames},
-                   {"Work Area", ExportRegion_e::WorkArea}}),
-      imageTypeMenu_({{"True Color", FlashImageType_e::Lossless},
-                      {"JPEG", FlashImageType_e::JPEG},
-                      {"256 Colors", FlashImageType_e::Color256}}),
+      formatMenu_(table<ExportFormat_e>().getMenuEntries()),
+      regionMenu_(table<ExportRegion_e>().getMenuEntries()),
+      imageTypeMenu_(table<FlashImageType_e>().getMenuEntries()),
       exportFileName_("animation") {}
 
 DialogExportOptions::~DialogExportOptions() = default;
 
 const std::string& DialogExportOptions::fileExtension(ExportFormat_e format) {
-    return formatInfo(format).extension;
+    return table<ExportFormat_e>().getEntry(format).fileExtension;
 }
 
 void DialogExportOptions::launch(const AfterOk& afterOk) {
@@ -200,9 +158,7 @@ void DialogExportOptions::create() {
 void DialogExportOptions::init() {
     const vexplot::toolbox::StyleValue& setup = exportSetup();
 
-    int64_t format = -1;
-    if (setup.get(format, "ExportFormat") == VexGetValue_Ok)
-        formatMenu_.setSelectedValue(static_cast<ExportFormat_e>(format));
+    showHostChoice(formatMenu_);
 
     double speed = speed_.getValue();
     setup.get(speed, "AnimationSpeed");
@@ -221,9 +177,7 @@ void DialogExportOptions::init() {
     factor_.setValue(static_cast<int>(factor));
     factor_.showValue();
 
-    int64_t imageType = -1;
-    if (setup.get(imageType, "FlashImageType") == VexGetValue_Ok)
-        imageTypeMenu_.setSelectedValue(static_cast<FlashImageType_e>(imageType));
+    showHostChoice(imageTypeMenu_);
 
     int64_t compression = 0;
     if (setup.get(compression, "FlashCompressionType") != VexGetValue_Ok)
@@ -341,8 +295,9 @@ void DialogExportOptions::numberEntered(int32_t field, const char* text) {
 
 void DialogExportOptions::ok() {
     const ExportFormat_e format = formatMenu_.getSelectedValue();
-    const FormatInfo& info = formatInfo(format);
-    FileNameChooser chooser(exportFileName_, info.extension, info.displayText);
+    const ExportSetupTable<ExportFormat_e>::Entry& formatEntry =
+        table<ExportFormat_e>().getEntry(format);
+    FileNameChooser chooser(exportFileName_, formatEntry.fileExtension, formatEntry.menuText);
     if (!chooser.chooseFileName(VexSelectFile_WriteFile))
         return;
     exportFileName_ = chooser.getFileName();
@@ -361,15 +316,14 @@ void DialogExportOptions::ok() {
     const int factor = factor_.getValue();
     drop();
 
-    applyInteger("ExportFormat", static_cast<int64_t>(format), info.keyword);
+    applyChoice(format);
     if (flash) {
-        applyInteger("FlashImageType", static_cast<int64_t>(imageType),
-                     keyword(imageTypeKeywords(), imageType));
+        applyChoice(imageType);
         const auto found = compressionKeywords().find(compression);
         applyInteger("FlashCompressionType", compression,
                      found != compressionKeywords().end() ? found->second : decimal(compression));
     }
-    applyInteger("ExportRegion", static_cast<int64_t>(region), keyword(regionKeywords(), region));
+    applyChoice(region);
     applyInteger("ImageWidth", imageWidth, decimal(imageWidth));
     {
         std::ostringstream text;
