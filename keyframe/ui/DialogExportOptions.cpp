@@ -11,17 +11,12 @@
 #include "addon/LockScope.h"
 #include "ui/DialogCallback.h"
 #include "ui/FileNameChooser.h"
-#include "vxappaddonuiaction.h"
 #include "vxtoolbox.h"
 
 namespace vexplot {
 namespace vexutiltools {
 
 namespace {
-
-DialogExportOptions& self(void* clientData) {
-    return *static_cast<DialogExportOptions*>(clientData);
-}
 
 // The Flash compression type of each radio button, and its keyword.
 const std::map<int64_t, const char*>& compressionKeywords() {
@@ -120,30 +115,39 @@ void DialogExportOptions::launch(const AfterOk& afterOk) {
 void DialogExportOptions::create() {
     Controls& c = controls_;
     c.dialog = VexGUIDialogCreateModal(VEXGUI_MAIN_DIALOG_PARENT, 5844, 2503, "Export Options",
-                                       &onInit, &onOk, nullptr, &onCancel, &onHelp, this);
+                                       &dialogCallback<&DialogExportOptions::init>,
+                                       &dialogCallback<&DialogExportOptions::ok>, nullptr,
+                                       &dialogCallback<&DialogExportOptions::drop>,
+                                       &dialogHelp<DialogExportOptions>, this);
     c.formatLabel = VexGUILabelAdd(c.dialog, 293, 116, "Format:");
-    c.format = VexGUIOptionMenuAdd(c.dialog, 1467, 65, 4110, 145, &onChoice, this);
+    c.format = VexGUIOptionMenuAdd(c.dialog, 1467, 65, 4110, 145,
+                                   &dialogCallback<&DialogExportOptions::update>, this);
     c.regionLabel = VexGUILabelAdd(c.dialog, 293, 319, "Region:");
-    c.region = VexGUIOptionMenuAdd(c.dialog, 1467, 282, 4110, 145, &onChoice, this);
+    c.region = VexGUIOptionMenuAdd(c.dialog, 1467, 282, 4110, 145,
+                                   &dialogCallback<&DialogExportOptions::update>, this);
     {
         const vexplot::toolbox::StringList labels{"&Use Width of Image on Screen", "&Enter Width:"};
-        c.widthChoice =
-            VexGUIRadioBoxAdd(c.dialog, 328, 522, 5249, 297, labels.handle(), &onChoice, this);
+        c.widthChoice = VexGUIRadioBoxAdd(c.dialog, 328, 522, 5249, 297, labels.handle(),
+                                          &dialogCallback<&DialogExportOptions::update>, this);
     }
-    c.width = VexGUITextFieldAdd(c.dialog, 811, 848, 949, 145, &onWidthText, this);
+    c.width = VexGUITextFieldAdd(c.dialog, 811, 848, 949, 145,
+                                 &dialogCallback<&DialogExportOptions::widthEntered>, this);
     c.dimensions = VexGUILabelAdd(c.dialog, 2400, 884, "Dimensions: 0 x 0");
     c.speedLabel = VexGUILabelAdd(c.dialog, 293, 1153, "Animation Speed (frames/sec):");
-    c.speed = VexGUITextFieldAdd(c.dialog, 3989, 1131, 1588, 145, &onSpeedText, this);
-    c.antialiasing =
-        VexGUIToggleAdd(c.dialog, 293, 1334, 2055, 123, "&Antialiasing", &onChoice, this);
+    c.speed = VexGUITextFieldAdd(c.dialog, 3989, 1131, 1588, 145,
+                                 &dialogCallback<&DialogExportOptions::speedEntered>, this);
+    c.antialiasing = VexGUIToggleAdd(c.dialog, 293, 1334, 2055, 123, "&Antialiasing",
+                                     &dialogCallback<&DialogExportOptions::update>, this);
     c.factorLabel = VexGUILabelAdd(c.dialog, 656, 1479, "Supersample Factor (2-16):");
-    c.factor = VexGUITextFieldAdd(c.dialog, 3989, 1457, 1588, 145, &onFactorText, this);
+    c.factor = VexGUITextFieldAdd(c.dialog, 3989, 1457, 1588, 145,
+                                  &dialogCallback<&DialogExportOptions::factorEntered>, this);
     c.imageTypeLabel = VexGUILabelAdd(c.dialog, 259, 1943, "Image Type:");
-    c.imageType = VexGUIOptionMenuAdd(c.dialog, 2417, 1907, 3177, 145, &onChoice, this);
+    c.imageType = VexGUIOptionMenuAdd(c.dialog, 2417, 1907, 3177, 145,
+                                      &dialogCallback<&DialogExportOptions::update>, this);
     {
         const vexplot::toolbox::StringList labels{"Optimize for &Speed", "Optimize for &File Size"};
-        c.compression =
-            VexGUIRadioBoxAdd(c.dialog, 241, 2125, 5336, 297, labels.handle(), &onChoice, this);
+        c.compression = VexGUIRadioBoxAdd(c.dialog, 241, 2125, 5336, 297, labels.handle(),
+                                          &dialogCallback<&DialogExportOptions::update>, this);
     }
 
     width_.setControlId(c.width);
@@ -278,18 +282,23 @@ std::pair<int64_t, int64_t> DialogExportOptions::computeImageSize() const {
     return {width, height};
 }
 
-void DialogExportOptions::numberEntered(int32_t field, const char* text) {
-    const std::string entered = text != nullptr ? text : "";
-    // A rejected entry leaves the field showing the value still in force.
-    if (field == controls_.width) {
-        if (!width_.validate(entered))
-            width_.showValue();
-    } else if (field == controls_.speed) {
-        if (!speed_.validate(entered))
-            speed_.showValue();
-    } else if (!factor_.validate(entered)) {
-        factor_.showValue();
-    }
+void DialogExportOptions::widthEntered(const std::string& text) {
+    numberEntered(width_, text);
+}
+
+void DialogExportOptions::speedEntered(const std::string& text) {
+    numberEntered(speed_, text);
+}
+
+void DialogExportOptions::factorEntered(const std::string& text) {
+    numberEntered(factor_, text);
+}
+
+template <typename Number>
+void DialogExportOptions::numberEntered(TextFieldValidator<Number>& field,
+                                        const std::string& text) {
+    if (!field.validate(text))
+        field.showValue();
     update();
 }
 
@@ -346,47 +355,6 @@ void DialogExportOptions::ok() {
 void DialogExportOptions::drop() {
     VexGUIDialogDrop(controls_.dialog);
     modalLock_.release();
-}
-
-void DialogExportOptions::onInit(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).init(); });
-}
-
-void DialogExportOptions::onOk(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).ok(); });
-}
-
-void DialogExportOptions::onCancel(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).drop(); });
-}
-
-void DialogExportOptions::onHelp(void*) {
-    runDialogCallback([] { VexUtilHelp(HelpPage); });
-}
-
-void DialogExportOptions::onChoice(int32_t, void* clientData) {
-    runDialogCallback([clientData] { self(clientData).update(); });
-}
-
-void DialogExportOptions::onWidthText(const char* text, void* clientData) {
-    runDialogCallback([text, clientData] {
-        DialogExportOptions& dialog = self(clientData);
-        dialog.numberEntered(dialog.controls_.width, text);
-    });
-}
-
-void DialogExportOptions::onSpeedText(const char* text, void* clientData) {
-    runDialogCallback([text, clientData] {
-        DialogExportOptions& dialog = self(clientData);
-        dialog.numberEntered(dialog.controls_.speed, text);
-    });
-}
-
-void DialogExportOptions::onFactorText(const char* text, void* clientData) {
-    runDialogCallback([text, clientData] {
-        DialogExportOptions& dialog = self(clientData);
-        dialog.numberEntered(dialog.controls_.factor, text);
-    });
 }
 
 }  // namespace vexutiltools
