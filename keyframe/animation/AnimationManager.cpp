@@ -78,7 +78,7 @@ void AnimationManager::animate(const std::vector<KeyFrame_s>& keyFrames, uint64_
         throw KeyFrameError(Canceled);
     }
 
-    if (suppressRecording == 0 && VexUtilMacroIsRecordingActive())
+    if (suppressRecording == RecordMacro && VexUtilMacroIsRecordingActive())
         AddOnMacroCommandManager::instance().recordCommand(
             Command_e::Animate,
             {{Parameter_e::AnimationDestination,

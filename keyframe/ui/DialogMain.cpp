@@ -410,25 +410,27 @@ void DialogMain::animateSelected() {
     const uint64_t first = static_cast<uint64_t>(selected.front());
     const uint64_t last = static_cast<uint64_t>(selected.back());
     // The run ends on the frame of the last selected key frame: the count is last - first, as
-    // the animation manager takes a partial range. Not recorded (suppress flag 1): the macro
-    // command "Animate" always runs the whole list, so it would replay a different animation.
-    AnimationManager::animate(keyFrames, first, last - first, settings, 1);
+    // the animation manager takes a partial range. Not recorded: the macro command "Animate"
+    // always runs the whole list, so it would replay a different animation.
+    AnimationManager::animate(keyFrames, first, last - first, settings,
+                              AnimationManager::SuppressMacroRecording);
 }
 
 void DialogMain::animateAll() {
     checkConcurrency();
     const Destination_e destination = destinationMenu_.getSelectedValue();
     if (destination == Destination_e::OnScreen)
-        animate(destination, 0);
+        animate(destination, AnimationManager::RecordMacro);
     else
-        exportOptions_.launch(boost::bind(&DialogMain::animate, this, destination, 0));
+        exportOptions_.launch(
+            boost::bind(&DialogMain::animate, this, destination, AnimationManager::RecordMacro));
 }
 
-void DialogMain::animate(Destination_e destination, int32_t macroOption) {
+void DialogMain::animate(Destination_e destination, int32_t suppressRecording) {
     LockScope lock;
     settings_.Destination = destination;
     const std::vector<KeyFrame_s>& keyFrames = keyFrames_.getItems();
-    AnimationManager::animate(keyFrames, 0, keyFrames.size(), settings_, macroOption);
+    AnimationManager::animate(keyFrames, 0, keyFrames.size(), settings_, suppressRecording);
 }
 
 // ---- File menu ---------------------------------------------------------------------------------

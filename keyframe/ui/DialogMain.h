@@ -167,7 +167,7 @@ private:
     void animateSelected();
     void animateAll();
     // The run that Animate All starts at once (on screen) or after the export options' OK.
-    void animate(vexplot::vexutiltools::Destination_e destination, int32_t macroOption);
+    void animate(vexplot::vexutiltools::Destination_e destination, int32_t suppressRecording);
     // Switches the concurrent options off that the host cannot show, telling the user why.
     void checkConcurrency();
     void openFile();
