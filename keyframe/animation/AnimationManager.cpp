@@ -9,7 +9,7 @@
 #include "addon/PercentDoneScope.h"
 #include "animation/AnimatorAbstractFactory.h"
 #include "macro/AddOnMacroCommandManager.h"
-#include "macro/DestinationNameTable.h"
+#include "model/Destination_e.h"
 #include "model/TotalFrameCount.h"
 #include "vxsdkbase.h"
 
@@ -78,7 +78,7 @@ void AnimationManager::animate(const std::vector<KeyFrame_s>& keyFrames, uint64_
         throw KeyFrameError(Canceled);
     }
 
-    if (suppressRecording == 0 && VexUtilMacroIsRecordingActive())
+    if (suppressRecording == RecordMacro && VexUtilMacroIsRecordingActive())
         AddOnMacroCommandManager::instance().recordCommand(
             Command_e::Animate,
             {{Parameter_e::AnimationDestination,

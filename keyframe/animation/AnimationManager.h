@@ -60,6 +60,11 @@ public:
     static void animate(const std::vector<KeyFrame_s>& keyFrames, uint64_t first, uint64_t count,
                         const AnimationSettings_s& settings, int32_t suppressRecording);
 
+    // The values of animate's suppressRecording. A run that the macro command "Animate" would not
+    // replay alike (a part of the list, a benchmark, a test of the stages) suppresses recording.
+    static constexpr int32_t RecordMacro = 0;
+    static constexpr int32_t SuppressMacroRecording = 1;
+
     static constexpr const char* ProgressText = "Animating....";
     static constexpr const char* Canceled = "Animation canceled.";
 

@@ -1,7 +1,5 @@
 #include "file/FileSection_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
@@ -13,10 +11,7 @@ const NameTable<FileSection_e>& NameTable<FileSection_e>::instance() {
 }
 
 std::ostream& operator<<(std::ostream& out, FileSection_e section) {
-    const NameTable<FileSection_e>& names = NameTable<FileSection_e>::instance();
-    if (names.hasValue(section))
-        return out << names.getName(section);
-    return out << "FileSection_e(" << static_cast<int32_t>(section) << ")";
+    return NameTable<FileSection_e>::instance().print(out, section, "FileSection_e");
 }
 
 }  // namespace vexutiltools

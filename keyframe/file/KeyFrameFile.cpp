@@ -16,7 +16,7 @@
 #include "file/FileSystemPath.h"
 #include "file/KeyFrameItem_e.h"
 #include "file/SettingItem_e.h"
-#include "file/TimeAnimationOperationNameTable.h"
+#include "model/TimeAnimationOperation_e.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -1,7 +1,5 @@
 #include "file/KeyFrameItem_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
@@ -17,10 +15,7 @@ const NameTable<KeyFrameItem_e>& NameTable<KeyFrameItem_e>::instance() {
 }
 
 std::ostream& operator<<(std::ostream& out, KeyFrameItem_e item) {
-    const NameTable<KeyFrameItem_e>& names = NameTable<KeyFrameItem_e>::instance();
-    if (names.hasValue(item))
-        return out << names.getName(item);
-    return out << "KeyFrameItem_e(" << static_cast<int32_t>(item) << ")";
+    return NameTable<KeyFrameItem_e>::instance().print(out, item, "KeyFrameItem_e");
 }
 
 }  // namespace vexutiltools

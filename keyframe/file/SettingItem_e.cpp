@@ -1,7 +1,5 @@
 #include "file/SettingItem_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
@@ -18,10 +16,7 @@ const NameTable<SettingItem_e>& NameTable<SettingItem_e>::instance() {
 }
 
 std::ostream& operator<<(std::ostream& out, SettingItem_e item) {
-    const NameTable<SettingItem_e>& names = NameTable<SettingItem_e>::instance();
-    if (names.hasValue(item))
-        return out << names.getName(item);
-    return out << "SettingItem_e(" << static_cast<int32_t>(item) << ")";
+    return NameTable<SettingItem_e>::instance().print(out, item, "SettingItem_e");
 }
 
 }  // namespace vexutiltools

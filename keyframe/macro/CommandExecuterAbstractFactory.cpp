@@ -55,8 +55,9 @@ void CommandExecuterAbstractFactory::CommandExecuterAnimate::execute(const Param
     dialog.refreshOptions();
 
     const std::vector<KeyFrame_s>& keyFrames = dialog.getKeyFrameModel().getItems();
-    // Recording flag 0: the run records "Animate" with its destination itself.
-    AnimationManager::animate(keyFrames, 0, keyFrames.size(), dialog.getSettings(), 0);
+    // The run records "Animate" with its destination itself.
+    AnimationManager::animate(keyFrames, 0, keyFrames.size(), dialog.getSettings(),
+                              AnimationManager::RecordMacro);
 }
 
 }  // namespace vexutiltools

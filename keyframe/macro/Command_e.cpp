@@ -1,7 +1,5 @@
 #include "macro/Command_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
@@ -14,10 +12,7 @@ const NameTable<Command_e>& NameTable<Command_e>::instance() {
 }
 
 std::ostream& operator<<(std::ostream& out, Command_e command) {
-    const NameTable<Command_e>& names = NameTable<Command_e>::instance();
-    if (names.hasValue(command))
-        return out << names.getName(command);
-    return out << "Command_e(" << static_cast<int32_t>(command) << ")";
+    return NameTable<Command_e>::instance().print(out, command, "Command_e");
 }
 
 }  // namespace vexutiltools

@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "addon/KeyFrameError.h"
-#include "macro/DestinationNameTable.h"
 
 namespace vexplot {
 namespace vexutiltools {

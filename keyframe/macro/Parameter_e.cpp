@@ -1,7 +1,5 @@
 #include "macro/Parameter_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
@@ -14,10 +12,7 @@ const NameTable<Parameter_e>& NameTable<Parameter_e>::instance() {
 }
 
 std::ostream& operator<<(std::ostream& out, Parameter_e parameter) {
-    const NameTable<Parameter_e>& names = NameTable<Parameter_e>::instance();
-    if (names.hasValue(parameter))
-        return out << names.getName(parameter);
-    return out << "Parameter_e(" << static_cast<int32_t>(parameter) << ")";
+    return NameTable<Parameter_e>::instance().print(out, parameter, "Parameter_e");
 }
 
 }  // namespace vexutiltools

@@ -1,18 +1,17 @@
 #include "model/Destination_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
+template <>
+const NameTable<Destination_e>& NameTable<Destination_e>::instance() {
+    static const NameTable<Destination_e> table{{Destination_e::OnScreen, "OnScreen"},
+                                                {Destination_e::ToFile, "ToFile"}};
+    return table;
+}
+
 std::ostream& operator<<(std::ostream& out, Destination_e destination) {
-    switch (destination) {
-        case Destination_e::OnScreen:
-            return out << "OnScreen";
-        case Destination_e::ToFile:
-            return out << "ToFile";
-    }
-    return out << "Destination_e(" << static_cast<int32_t>(destination) << ")";
+    return NameTable<Destination_e>::instance().print(out, destination, "Destination_e");
 }
 
 }  // namespace vexutiltools

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <iosfwd>
 
+#include "model/NameTable.h"
+
 namespace vexplot {
 namespace vexutiltools {
 
@@ -14,7 +16,13 @@ enum class Destination_e : int32_t {
     ToFile = 1     // each frame is exported as one frame of a movie file
 };
 
-// Prints the name ("ToFile"), or Destination_e(n) for a value outside the list.
+// The names of the destinations: "OnScreen" and "ToFile", the values of the macro parameter
+// AnimationDestination, matched without regard to case. Beside the enumeration rather than with
+// the macro commands, so that the model's printer spells no name of its own.
+template <>
+const NameTable<Destination_e>& NameTable<Destination_e>::instance();
+
+// Prints the name ("ToFile"), or Destination_e(n) for a value outside the table.
 std::ostream& operator<<(std::ostream& out, Destination_e destination);
 
 }  // namespace vexutiltools

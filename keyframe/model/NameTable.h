@@ -3,14 +3,23 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 #include <initializer_list>
 #include <map>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <utility>
 
 namespace vexplot {
 namespace vexutiltools {
+
+// Writes a value that has no name as <enumeration>(<number>) ("Command_e(7)"), the printers'
+// answer for a value outside their table.
+template <typename T>
+std::ostream& printUnnamed(std::ostream& out, T value, const char* enumeration) {
+    return out << enumeration << '(' << static_cast<int64_t>(value) << ')';
+}
 
 // A fixed two-way table between the values of an enumeration and their names, for every
 // enumeration that is written to a file or a macro command string.
@@ -25,6 +34,8 @@ namespace vexutiltools {
 // own source defines the specialisation of instance() and its header declares it, e.g.
 //     template <> const NameTable<Command_e>& NameTable<Command_e>::instance();
 // The table is immutable once built, so a reference to it stays valid for the life of the library.
+// The enumeration's printer (operator<<) prints through the table (print), so each name is spelled
+// once, in the table.
 template <typename T>
 class NameTable {
 public:
@@ -60,6 +71,14 @@ public:
     }
 
     bool hasValue(T value) const { return names_.count(value) != 0; }
+
+    // Prints the value's name, or <enumeration>(<number>) for a value outside the table
+    // ("Command_e(7)"): a printer never fails, whatever value a test or a log line holds.
+    std::ostream& print(std::ostream& out, T value, const char* enumeration) const {
+        if (hasValue(value))
+            return out << getName(value);
+        return printUnnamed(out, value, enumeration);
+    }
 
     static constexpr const char* OutOfRange = "Enumeration out of range.";
 

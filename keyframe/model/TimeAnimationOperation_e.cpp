@@ -1,22 +1,21 @@
 #include "model/TimeAnimationOperation_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
+template <>
+const NameTable<TimeAnimationOperation_e>& NameTable<TimeAnimationOperation_e>::instance() {
+    static const NameTable<TimeAnimationOperation_e> table{
+        {TimeAnimationOperation_e::Forward, "Forward"},
+        {TimeAnimationOperation_e::Loop, "Loop"},
+        {TimeAnimationOperation_e::Bounce, "Bounce"},
+        {TimeAnimationOperation_e::AsCaptured, "AsCaptured"}};
+    return table;
+}
+
 std::ostream& operator<<(std::ostream& out, TimeAnimationOperation_e operation) {
-    switch (operation) {
-        case TimeAnimationOperation_e::Forward:
-            return out << "Forward";
-        case TimeAnimationOperation_e::Loop:
-            return out << "Loop";
-        case TimeAnimationOperation_e::Bounce:
-            return out << "Bounce";
-        case TimeAnimationOperation_e::AsCaptured:
-            return out << "AsCaptured";
-    }
-    return out << "TimeAnimationOperation_e(" << static_cast<int32_t>(operation) << ")";
+    return NameTable<TimeAnimationOperation_e>::instance().print(out, operation,
+                                                                 "TimeAnimationOperation_e");
 }
 
 }  // namespace vexutiltools

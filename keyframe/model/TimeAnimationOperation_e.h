@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <iosfwd>
 
+#include "model/NameTable.h"
+
 namespace vexplot {
 namespace vexutiltools {
 
@@ -17,7 +19,13 @@ enum class TimeAnimationOperation_e : int32_t {
     AsCaptured = 3  // from each key frame's captured solution time to the next one's
 };
 
-// Prints the name ("AsCaptured"), or TimeAnimationOperation_e(n) for a value outside the list.
+// The names of the operations: "Forward", "Loop", "Bounce" and "AsCaptured", as key frame
+// settings files write them, matched without regard to case. Beside the enumeration rather than
+// with the file, so that the model's printer spells no name of its own.
+template <>
+const NameTable<TimeAnimationOperation_e>& NameTable<TimeAnimationOperation_e>::instance();
+
+// Prints the name ("AsCaptured"), or TimeAnimationOperation_e(n) for a value outside the table.
 std::ostream& operator<<(std::ostream& out, TimeAnimationOperation_e operation);
 
 }  // namespace vexutiltools

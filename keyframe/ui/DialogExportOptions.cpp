@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <ios>
+#include <map>
 #include <sstream>
-#include <stdexcept>
 
 #include <boost/format.hpp>
 
@@ -11,61 +11,12 @@
 #include "addon/LockScope.h"
 #include "ui/DialogCallback.h"
 #include "ui/FileNameChooser.h"
-#include "vxappaddonuiaction.h"
 #include "vxtoolbox.h"
 
 namespace vexplot {
 namespace vexutiltools {
 
 namespace {
-
-DialogExportOptions& self(void* clientData) {
-    return *static_cast<DialogExportOptions*>(clientData);
-}
-
-// The tables below give, per value, what the menus show, what a recorded macro line names and
-// which extension the movie file takes. Menu order is table order.
-struct FormatInfo {
-    ExportFormat_e format;
-    const char* displayText;
-    const char* keyword;
-    std::string extension;
-};
-
-const std::vector<FormatInfo>& formats() {
-    static const std::vector<FormatInfo> table = {
-        {ExportFormat_e::AVI, "AVI", "AVI", "avi"},
-        {ExportFormat_e::FLV, "Flash (FLV)", "FLV", "flv"},
-        {ExportFormat_e::Flash, "Flash (SWF)", "FLASH", "swf"},
-        {ExportFormat_e::MPEG4, "MPEG-4", "MPEG4", "mp4"},
-        {ExportFormat_e::RasterMetafile, "Raster Metafile", "RASTERMETAFILE", "rm"},
-        {ExportFormat_e::WMV, "WMV", "WMV", "wmv"}};
-    return table;
-}
-
-const FormatInfo& formatInfo(ExportFormat_e format) {
-    for (const FormatInfo& info : formats()) {
-        if (info.format == format)
-            return info;
-    }
-    throw std::out_of_range("Enumeration out of range.");
-}
-
-const std::map<ExportRegion_e, const char*>& regionKeywords() {
-    static const std::map<ExportRegion_e, const char*> table = {
-        {ExportRegion_e::CurrentFrame, "CURRENTFRAME"},
-        {ExportRegion_e::AllFrames, "ALLFRAMES"},
-        {ExportRegion_e::WorkArea, "WORKAREA"}};
-    return table;
-}
-
-const std::map<FlashImageType_e, const char*>& imageTypeKeywords() {
-    static const std::map<FlashImageType_e, const char*> table = {
-        {FlashImageType_e::Lossless, "LOSSLESS"},
-        {FlashImageType_e::JPEG, "JPEG"},
-        {FlashImageType_e::Color256, "256COLOR"}};
-    return table;
-}
 
 // The Flash compression type of each radio button, and its keyword.
 const std::map<int64_t, const char*>& compressionKeywords() {
@@ -78,18 +29,8 @@ const std::map<int64_t, const char*>& compressionKeywords() {
 constexpr int64_t NoCompressionChoice = 255;
 
 template <typename T>
-std::string keyword(const std::map<T, const char*>& table, T value) {
-    const auto found = table.find(value);
-    if (found == table.end())
-        throw std::out_of_range("Enumeration out of range.");
-    return found->second;
-}
-
-std::vector<OptionMenuStaticManager<ExportFormat_e>::Entry> formatEntries() {
-    std::vector<OptionMenuStaticManager<ExportFormat_e>::Entry> entries;
-    for (const FormatInfo& info : formats())
-        entries.push_back({info.displayText, info.format});
-    return entries;
+const ExportSetupTable<T>& table() {
+    return ExportSetupTable<T>::instance();
 }
 
 // Writes one export setup attribute and, while the host records a macro, records it as the line
@@ -106,6 +47,13 @@ void applyAttribute(const std::string& attribute, double doubleValue, VexArbPara
 
 void applyInteger(const std::string& attribute, int64_t value, const std::string& recordedValue) {
     applyAttribute(attribute, 0.0, static_cast<VexArbParam_t>(value), recordedValue);
+}
+
+// An enumerated attribute, recorded by its keyword.
+template <typename T>
+void applyChoice(T value) {
+    applyInteger(table<T>().getAttribute(), static_cast<int64_t>(value),
+                 table<T>().getEntry(value).keyword);
 }
 
 std::string decimal(int64_t value) {
@@ -127,25 +75,30 @@ const vexplot::toolbox::StyleValue& exportSetup() {
     return value;
 }
 
+// Shows the host's value of an enumerated attribute in its menu; a value the host does not have,
+// or one the menu does not offer, leaves the menu as it is.
+template <typename T>
+void showHostChoice(OptionMenuStaticManager<T>& menu) {
+    int64_t value = -1;
+    if (exportSetup().get(value, table<T>().getAttribute()) == VexGetValue_Ok)
+        menu.setSelectedValue(static_cast<T>(value));
+}
+
 }  // namespace
 
 DialogExportOptions::DialogExportOptions()
     : width_(VEXGUI_BAD_ID, 300, true, 4, true, 32766),
       speed_(VEXGUI_BAD_ID, 30.0, true, 0.001, true, 200.0),
       factor_(VEXGUI_BAD_ID, 3, true, 2, true, 16),
-      formatMenu_(formatEntries()),
-      regionMenu_({{"Active Frame", ExportRegion_e::CurrentFrame},
-                   {"All Frames", ExportRegion_e::AllFrames},
-                   {"Work Area", ExportRegion_e::WorkArea}}),
-      imageTypeMenu_({{"True Color", FlashImageType_e::Lossless},
-                      {"JPEG", FlashImageType_e::JPEG},
-                      {"256 Colors", FlashImageType_e::Color256}}),
+      formatMenu_(table<ExportFormat_e>().getMenuEntries()),
+      regionMenu_(table<ExportRegion_e>().getMenuEntries()),
+      imageTypeMenu_(table<FlashImageType_e>().getMenuEntries()),
       exportFileName_("animation") {}
 
 DialogExportOptions::~DialogExportOptions() = default;
 
 const std::string& DialogExportOptions::fileExtension(ExportFormat_e format) {
-    return formatInfo(format).extension;
+    return table<ExportFormat_e>().getEntry(format).fileExtension;
 }
 
 void DialogExportOptions::launch(const AfterOk& afterOk) {
@@ -162,30 +115,39 @@ void DialogExportOptions::launch(const AfterOk& afterOk) {
 void DialogExportOptions::create() {
     Controls& c = controls_;
     c.dialog = VexGUIDialogCreateModal(VEXGUI_MAIN_DIALOG_PARENT, 5844, 2503, "Export Options",
-                                       &onInit, &onOk, nullptr, &onCancel, &onHelp, this);
+                                       &dialogCallback<&DialogExportOptions::init>,
+                                       &dialogCallback<&DialogExportOptions::ok>, nullptr,
+                                       &dialogCallback<&DialogExportOptions::drop>,
+                                       &dialogHelp<DialogExportOptions>, this);
     c.formatLabel = VexGUILabelAdd(c.dialog, 293, 116, "Format:");
-    c.format = VexGUIOptionMenuAdd(c.dialog, 1467, 65, 4110, 145, &onChoice, this);
+    c.format = VexGUIOptionMenuAdd(c.dialog, 1467, 65, 4110, 145,
+                                   &dialogCallback<&DialogExportOptions::update>, this);
     c.regionLabel = VexGUILabelAdd(c.dialog, 293, 319, "Region:");
-    c.region = VexGUIOptionMenuAdd(c.dialog, 1467, 282, 4110, 145, &onChoice, this);
+    c.region = VexGUIOptionMenuAdd(c.dialog, 1467, 282, 4110, 145,
+                                   &dialogCallback<&DialogExportOptions::update>, this);
     {
         const vexplot::toolbox::StringList labels{"&Use Width of Image on Screen", "&Enter Width:"};
-        c.widthChoice =
-            VexGUIRadioBoxAdd(c.dialog, 328, 522, 5249, 297, labels.handle(), &onChoice, this);
+        c.widthChoice = VexGUIRadioBoxAdd(c.dialog, 328, 522, 5249, 297, labels.handle(),
+                                          &dialogCallback<&DialogExportOptions::update>, this);
     }
-    c.width = VexGUITextFieldAdd(c.dialog, 811, 848, 949, 145, &onWidthText, this);
+    c.width = VexGUITextFieldAdd(c.dialog, 811, 848, 949, 145,
+                                 &dialogCallback<&DialogExportOptions::widthEntered>, this);
     c.dimensions = VexGUILabelAdd(c.dialog, 2400, 884, "Dimensions: 0 x 0");
     c.speedLabel = VexGUILabelAdd(c.dialog, 293, 1153, "Animation Speed (frames/sec):");
-    c.speed = VexGUITextFieldAdd(c.dialog, 3989, 1131, 1588, 145, &onSpeedText, this);
-    c.antialiasing =
-        VexGUIToggleAdd(c.dialog, 293, 1334, 2055, 123, "&Antialiasing", &onChoice, this);
+    c.speed = VexGUITextFieldAdd(c.dialog, 3989, 1131, 1588, 145,
+                                 &dialogCallback<&DialogExportOptions::speedEntered>, this);
+    c.antialiasing = VexGUIToggleAdd(c.dialog, 293, 1334, 2055, 123, "&Antialiasing",
+                                     &dialogCallback<&DialogExportOptions::update>, this);
     c.factorLabel = VexGUILabelAdd(c.dialog, 656, 1479, "Supersample Factor (2-16):");
-    c.factor = VexGUITextFieldAdd(c.dialog, 3989, 1457, 1588, 145, &onFactorText, this);
+    c.factor = VexGUITextFieldAdd(c.dialog, 3989, 1457, 1588, 145,
+                                  &dialogCallback<&DialogExportOptions::factorEntered>, this);
     c.imageTypeLabel = VexGUILabelAdd(c.dialog, 259, 1943, "Image Type:");
-    c.imageType = VexGUIOptionMenuAdd(c.dialog, 2417, 1907, 3177, 145, &onChoice, this);
+    c.imageType = VexGUIOptionMenuAdd(c.dialog, 2417, 1907, 3177, 145,
+                                      &dialogCallback<&DialogExportOptions::update>, this);
     {
         const vexplot::toolbox::StringList labels{"Optimize for &Speed", "Optimize for &File Size"};
-        c.compression =
-            VexGUIRadioBoxAdd(c.dialog, 241, 2125, 5336, 297, labels.handle(), &onChoice, this);
+        c.compression = VexGUIRadioBoxAdd(c.dialog, 241, 2125, 5336, 297, labels.handle(),
+                                          &dialogCallback<&DialogExportOptions::update>, this);
     }
 
     width_.setControlId(c.width);
@@ -200,9 +162,7 @@ void DialogExportOptions::create() {
 void DialogExportOptions::init() {
     const vexplot::toolbox::StyleValue& setup = exportSetup();
 
-    int64_t format = -1;
-    if (setup.get(format, "ExportFormat") == VexGetValue_Ok)
-        formatMenu_.setSelectedValue(static_cast<ExportFormat_e>(format));
+    showHostChoice(formatMenu_);
 
     double speed = speed_.getValue();
     setup.get(speed, "AnimationSpeed");
@@ -221,9 +181,7 @@ void DialogExportOptions::init() {
     factor_.setValue(static_cast<int>(factor));
     factor_.showValue();
 
-    int64_t imageType = -1;
-    if (setup.get(imageType, "FlashImageType") == VexGetValue_Ok)
-        imageTypeMenu_.setSelectedValue(static_cast<FlashImageType_e>(imageType));
+    showHostChoice(imageTypeMenu_);
 
     int64_t compression = 0;
     if (setup.get(compression, "FlashCompressionType") != VexGetValue_Ok)
@@ -324,25 +282,31 @@ std::pair<int64_t, int64_t> DialogExportOptions::computeImageSize() const {
     return {width, height};
 }
 
-void DialogExportOptions::numberEntered(int32_t field, const char* text) {
-    const std::string entered = text != nullptr ? text : "";
-    // A rejected entry leaves the field showing the value still in force.
-    if (field == controls_.width) {
-        if (!width_.validate(entered))
-            width_.showValue();
-    } else if (field == controls_.speed) {
-        if (!speed_.validate(entered))
-            speed_.showValue();
-    } else if (!factor_.validate(entered)) {
-        factor_.showValue();
-    }
+void DialogExportOptions::widthEntered(const std::string& text) {
+    numberEntered(width_, text);
+}
+
+void DialogExportOptions::speedEntered(const std::string& text) {
+    numberEntered(speed_, text);
+}
+
+void DialogExportOptions::factorEntered(const std::string& text) {
+    numberEntered(factor_, text);
+}
+
+template <typename Number>
+void DialogExportOptions::numberEntered(TextFieldValidator<Number>& field,
+                                        const std::string& text) {
+    if (!field.validate(text))
+        field.showValue();
     update();
 }
 
 void DialogExportOptions::ok() {
     const ExportFormat_e format = formatMenu_.getSelectedValue();
-    const FormatInfo& info = formatInfo(format);
-    FileNameChooser chooser(exportFileName_, info.extension, info.displayText);
+    const ExportSetupTable<ExportFormat_e>::Entry& formatEntry =
+        table<ExportFormat_e>().getEntry(format);
+    FileNameChooser chooser(exportFileName_, formatEntry.fileExtension, formatEntry.menuText);
     if (!chooser.chooseFileName(VexSelectFile_WriteFile))
         return;
     exportFileName_ = chooser.getFileName();
@@ -361,15 +325,14 @@ void DialogExportOptions::ok() {
     const int factor = factor_.getValue();
     drop();
 
-    applyInteger("ExportFormat", static_cast<int64_t>(format), info.keyword);
+    applyChoice(format);
     if (flash) {
-        applyInteger("FlashImageType", static_cast<int64_t>(imageType),
-                     keyword(imageTypeKeywords(), imageType));
+        applyChoice(imageType);
         const auto found = compressionKeywords().find(compression);
         applyInteger("FlashCompressionType", compression,
                      found != compressionKeywords().end() ? found->second : decimal(compression));
     }
-    applyInteger("ExportRegion", static_cast<int64_t>(region), keyword(regionKeywords(), region));
+    applyChoice(region);
     applyInteger("ImageWidth", imageWidth, decimal(imageWidth));
     {
         std::ostringstream text;
@@ -392,47 +355,6 @@ void DialogExportOptions::ok() {
 void DialogExportOptions::drop() {
     VexGUIDialogDrop(controls_.dialog);
     modalLock_.release();
-}
-
-void DialogExportOptions::onInit(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).init(); });
-}
-
-void DialogExportOptions::onOk(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).ok(); });
-}
-
-void DialogExportOptions::onCancel(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).drop(); });
-}
-
-void DialogExportOptions::onHelp(void*) {
-    runDialogCallback([] { VexUtilHelp(HelpPage); });
-}
-
-void DialogExportOptions::onChoice(int32_t, void* clientData) {
-    runDialogCallback([clientData] { self(clientData).update(); });
-}
-
-void DialogExportOptions::onWidthText(const char* text, void* clientData) {
-    runDialogCallback([text, clientData] {
-        DialogExportOptions& dialog = self(clientData);
-        dialog.numberEntered(dialog.controls_.width, text);
-    });
-}
-
-void DialogExportOptions::onSpeedText(const char* text, void* clientData) {
-    runDialogCallback([text, clientData] {
-        DialogExportOptions& dialog = self(clientData);
-        dialog.numberEntered(dialog.controls_.speed, text);
-    });
-}
-
-void DialogExportOptions::onFactorText(const char* text, void* clientData) {
-    runDialogCallback([text, clientData] {
-        DialogExportOptions& dialog = self(clientData);
-        dialog.numberEntered(dialog.controls_.factor, text);
-    });
 }
 
 }  // namespace vexutiltools

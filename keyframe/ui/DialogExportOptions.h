@@ -87,16 +87,12 @@ private:
     void drop();
     // Sensitivities and the Dimensions label, after any change.
     void update();
-    void numberEntered(int32_t field, const char* text);
-
-    static void onInit(void* clientData);
-    static void onOk(void* clientData);
-    static void onCancel(void* clientData);
-    static void onHelp(void* clientData);
-    static void onChoice(int32_t value, void* clientData);
-    static void onWidthText(const char* text, void* clientData);
-    static void onSpeedText(const char* text, void* clientData);
-    static void onFactorText(const char* text, void* clientData);
+    // The number fields: a rejected entry leaves the field showing the value in force.
+    void widthEntered(const std::string& text);
+    void speedEntered(const std::string& text);
+    void factorEntered(const std::string& text);
+    template <typename Number>
+    void numberEntered(TextFieldValidator<Number>& field, const std::string& text);
 
     TextFieldValidator<int> width_;
     TextFieldValidator<double> speed_;

@@ -16,7 +16,6 @@
 #include "macro/SettingsFileCommands.h"
 #include "model/ViewOperations.h"
 #include "ui/DialogCallback.h"
-#include "vxappaddonuiaction.h"
 #include "vxsdkbase.h"
 
 using namespace vexplot::vexutiltools;
@@ -27,10 +26,6 @@ namespace {
 std::unique_ptr<DialogMain>& instancePointer() {
     static std::unique_ptr<DialogMain> instance;
     return instance;
-}
-
-DialogMain& self(void* clientData) {
-    return *static_cast<DialogMain*>(clientData);
 }
 
 const char* const NotTransient =
@@ -69,37 +64,48 @@ void DialogMain::create() {
     LockScope lock;
     Controls& c = controls_;
     c.dialog = VexGUIDialogCreateModeless(VEXGUI_MAIN_DIALOG_PARENT, 4870, 2620,
-                                          "Key Frame Animation", &onInit, &onClose, &onHelp, this);
+                                          "Key Frame Animation", &dialogCallback<&DialogMain::init>,
+                                          &dialogCallback<&DialogMain::close>,
+                                          &dialogHelp<DialogMain>, this);
     // Controls in the order the user tabs through them.
-    c.append = VexGUIButtonAdd(c.dialog, 3160, 65, 1433, 145, "&Append     ", &onAppend, this);
+    c.append = VexGUIButtonAdd(c.dialog, 3160, 65, 1433, 145, "&Append     ",
+                               &dialogCallback<&DialogMain::append>, this);
     VexGUISetToolTip(c.append,
                      "Append the current Vexplot view as a key frame to the end of the list");
-    c.destination = VexGUIOptionMenuAdd(c.dialog, 1847, 2066, 2711, 145, &onDestination, this);
+    c.destination = VexGUIOptionMenuAdd(c.dialog, 1847, 2066, 2711, 145,
+                                        &dialogCallback<&DialogMain::destinationChosen>, this);
     c.destinationLabel = VexGUILabelAdd(c.dialog, 207, 2016, "Destination:");
-    c.animateAll =
-        VexGUIButtonAdd(c.dialog, 518, 2299, 1208, 232, "A&nimate\nAll", &onAnimateAll, this);
+    c.animateAll = VexGUIButtonAdd(c.dialog, 518, 2299, 1208, 232, "A&nimate\nAll",
+                                   &dialogCallback<&DialogMain::animateAll>, this);
     VexGUISetToolTip(c.animateAll, "Animate through the list of all key frames");
-    c.clear = VexGUIButtonAdd(c.dialog, 3160, 1341, 1433, 145, "&Clear         ", &onClear, this);
+    c.clear = VexGUIButtonAdd(c.dialog, 3160, 1341, 1433, 145, "&Clear         ",
+                              &dialogCallback<&DialogMain::clear>, this);
     VexGUISetToolTip(c.clear, "Delete all key frame views from the list");
-    c.apply = VexGUIButtonAdd(c.dialog, 3160, 783, 1416, 145, "A&pply        ", &onApply, this);
+    c.apply = VexGUIButtonAdd(c.dialog, 3160, 783, 1416, 145, "A&pply        ",
+                              &dialogCallback<&DialogMain::applyKeyFrame>, this);
     VexGUISetToolTip(c.apply, "Apply the selected key frame as the view in Vexplot");
-    c.keyFrameList = VexGUIListAdd(c.dialog, 224, 65, 2745, 1414, true, &onSelection, this);
-    c.deleteKeyFrames =
-        VexGUIButtonAdd(c.dialog, 3160, 1138, 1416, 145, "&Delete       ", &onDelete, this);
+    c.keyFrameList = VexGUIListAdd(c.dialog, 224, 65, 2745, 1414, true,
+                                   &dialogCallback<&DialogMain::requestRefresh>, this);
+    c.deleteKeyFrames = VexGUIButtonAdd(c.dialog, 3160, 1138, 1416, 145, "&Delete       ",
+                                        &dialogCallback<&DialogMain::deleteKeyFrames>, this);
     VexGUISetToolTip(c.deleteKeyFrames, "Delete the selected key frame");
     c.animateSelected = VexGUIButtonAdd(c.dialog, 2884, 2299, 1243, 232, "  Animate \n&Selected",
-                                        &onAnimateSelected, this);
+                                        &dialogCallback<&DialogMain::animateSelected>, this);
     VexGUISetToolTip(c.animateSelected, "Animate between the selected and next key frames");
-    c.update = VexGUIButtonAdd(c.dialog, 3160, 580, 1433, 145, "&Update      ", &onUpdate, this);
+    c.update = VexGUIButtonAdd(c.dialog, 3160, 580, 1433, 145, "&Update      ",
+                               &dialogCallback<&DialogMain::updateKeyFrame>, this);
     VexGUISetToolTip(c.update, "Update the selected key frame with the current view in Vexplot");
     c.viewNameLabel = VexGUILabelAdd(c.dialog, 207, 1595, "View Name:");
-    c.viewName = VexGUITextFieldAdd(c.dialog, 1847, 1645, 2711, 145, &onViewName, this);
+    c.viewName = VexGUITextFieldAdd(c.dialog, 1847, 1645, 2711, 145,
+                                    &dialogCallback<&DialogMain::viewNameEntered>, this);
     VexGUISetToolTip(c.viewName, "Enter the name of the selected view");
     c.frameCountLabel = VexGUILabelAdd(c.dialog, 189, 1806, "Frame Count:");
-    c.frameCount = VexGUITextFieldAdd(c.dialog, 1847, 1856, 2711, 145, &onFrameCount, this);
+    c.frameCount = VexGUITextFieldAdd(c.dialog, 1847, 1856, 2711, 145,
+                                      &dialogCallback<&DialogMain::frameCountEntered>, this);
     VexGUISetToolTip(c.frameCount,
                      "Enter the number of frames between the selected and next key frame views");
-    c.insert = VexGUIButtonAdd(c.dialog, 3160, 261, 1467, 145, "&Insert         ", &onInsert, this);
+    c.insert = VexGUIButtonAdd(c.dialog, 3160, 261, 1467, 145, "&Insert         ",
+                               &dialogCallback<&DialogMain::insert>, this);
     VexGUISetToolTip(
         c.insert,
         "Add the current Vexplot view as a key frame below the selected item(s) in the list");
@@ -126,18 +132,29 @@ void DialogMain::addMenuBar() {
     Controls& c = controls_;
     c.menuBar = VexGUIMenuBarAdd(c.dialog);
     c.fileMenu = VexGUIMenuAdd(c.menuBar, "&File");
-    c.openFile = VexGUIMenuAddItem(c.fileMenu, "&Open Animation File...", &onOpenFile, this);
-    c.saveFile = VexGUIMenuAddItem(c.fileMenu, "&Save Animation File", &onSaveFile, this);
-    c.saveFileAs = VexGUIMenuAddItem(c.fileMenu, "Save Animation File &As...", &onSaveFileAs, this);
+    c.openFile = VexGUIMenuAddItem(c.fileMenu, "&Open Animation File...",
+                                   &dialogCallback<&DialogMain::openFile>, this);
+    c.saveFile = VexGUIMenuAddItem(c.fileMenu, "&Save Animation File",
+                                   &dialogCallback<&DialogMain::saveFile>, this);
+    c.saveFileAs = VexGUIMenuAddItem(c.fileMenu, "Save Animation File &As...",
+                                     &dialogCallback<&DialogMain::saveFileAs>, this);
     c.optionsMenu = VexGUIMenuAdd(c.menuBar, "&Options");
-    c.animateTime =
-        VexGUIMenuAddToggle(c.optionsMenu, "Animate &Time Concurrently", &onAnimateTime, this);
-    c.animateStreamtraces = VexGUIMenuAddToggle(c.optionsMenu, "Animate &Streamtraces Concurrently",
-                                                &onAnimateStreamtraces, this);
-    c.fadeIn = VexGUIMenuAddToggle(c.optionsMenu, "Fade &In", &onFadeIn, this);
-    c.fadeOut = VexGUIMenuAddToggle(c.optionsMenu, "Fade &Out", &onFadeOut, this);
-    c.timeAnimationOptions = VexGUIMenuAddItem(c.optionsMenu, "Time &Animation Options...",
-                                               &onTimeAnimationOptions, this);
+    c.animateTime = VexGUIMenuAddToggle(
+        c.optionsMenu, "Animate &Time Concurrently",
+        &dialogCallback<&DialogMain::optionToggled<&AnimationSettings_s::AnimateTime>>, this);
+    c.animateStreamtraces = VexGUIMenuAddToggle(
+        c.optionsMenu, "Animate &Streamtraces Concurrently",
+        &dialogCallback<&DialogMain::optionToggled<&AnimationSettings_s::AnimateStreamtraces>>,
+        this);
+    c.fadeIn = VexGUIMenuAddToggle(
+        c.optionsMenu, "Fade &In",
+        &dialogCallback<&DialogMain::optionToggled<&AnimationSettings_s::FadeIn>>, this);
+    c.fadeOut = VexGUIMenuAddToggle(
+        c.optionsMenu, "Fade &Out",
+        &dialogCallback<&DialogMain::optionToggled<&AnimationSettings_s::FadeOut>>, this);
+    c.timeAnimationOptions =
+        VexGUIMenuAddItem(c.optionsMenu, "Time &Animation Options...",
+                          &dialogCallback<&DialogMain::launchTimeAnimationOptions>, this);
     refreshOptions();
 }
 
@@ -393,25 +410,27 @@ void DialogMain::animateSelected() {
     const uint64_t first = static_cast<uint64_t>(selected.front());
     const uint64_t last = static_cast<uint64_t>(selected.back());
     // The run ends on the frame of the last selected key frame: the count is last - first, as
-    // the animation manager takes a partial range. Not recorded (suppress flag 1): the macro
-    // command "Animate" always runs the whole list, so it would replay a different animation.
-    AnimationManager::animate(keyFrames, first, last - first, settings, 1);
+    // the animation manager takes a partial range. Not recorded: the macro command "Animate"
+    // always runs the whole list, so it would replay a different animation.
+    AnimationManager::animate(keyFrames, first, last - first, settings,
+                              AnimationManager::SuppressMacroRecording);
 }
 
 void DialogMain::animateAll() {
     checkConcurrency();
     const Destination_e destination = destinationMenu_.getSelectedValue();
     if (destination == Destination_e::OnScreen)
-        animate(destination, 0);
+        animate(destination, AnimationManager::RecordMacro);
     else
-        exportOptions_.launch(boost::bind(&DialogMain::animate, this, destination, 0));
+        exportOptions_.launch(
+            boost::bind(&DialogMain::animate, this, destination, AnimationManager::RecordMacro));
 }
 
-void DialogMain::animate(Destination_e destination, int32_t macroOption) {
+void DialogMain::animate(Destination_e destination, int32_t suppressRecording) {
     LockScope lock;
     settings_.Destination = destination;
     const std::vector<KeyFrame_s>& keyFrames = keyFrames_.getItems();
-    AnimationManager::animate(keyFrames, 0, keyFrames.size(), settings_, macroOption);
+    AnimationManager::animate(keyFrames, 0, keyFrames.size(), settings_, suppressRecording);
 }
 
 // ---- File menu ---------------------------------------------------------------------------------
@@ -471,103 +490,20 @@ void DialogMain::timeAnimationOptionsDone(bool accepted) {
 
 // ---- Host callbacks ----------------------------------------------------------------------------
 
-void DialogMain::onInit(void* clientData) {
-    runDialogCallback([clientData] {
-        self(clientData).refreshOptions();
-        self(clientData).refresh();
-    });
+void DialogMain::init() {
+    refreshOptions();
+    refresh();
 }
 
-void DialogMain::onClose(void* clientData) {
-    runDialogCallback([clientData] { VexGUIDialogDrop(self(clientData).controls_.dialog); });
+void DialogMain::close() {
+    VexGUIDialogDrop(controls_.dialog);
 }
 
-void DialogMain::onHelp(void*) {
-    runDialogCallback([] { VexUtilHelp(HelpPage); });
+void DialogMain::destinationChosen() {
+    settings_.Destination = destinationMenu_.getSelectedValue();
 }
 
-void DialogMain::onAppend(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).append(); });
-}
-
-void DialogMain::onInsert(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).insert(); });
-}
-
-void DialogMain::onUpdate(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).updateKeyFrame(); });
-}
-
-void DialogMain::onApply(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).applyKeyFrame(); });
-}
-
-void DialogMain::onDelete(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).deleteKeyFrames(); });
-}
-
-void DialogMain::onClear(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).clear(); });
-}
-
-void DialogMain::onAnimateAll(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).animateAll(); });
-}
-
-void DialogMain::onAnimateSelected(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).animateSelected(); });
-}
-
-void DialogMain::onSelection(int32_t, void* clientData) {
-    runDialogCallback([clientData] { self(clientData).requestRefresh(); });
-}
-
-void DialogMain::onDestination(int32_t, void* clientData) {
-    runDialogCallback([clientData] {
-        DialogMain& dialog = self(clientData);
-        dialog.settings_.Destination = dialog.destinationMenu_.getSelectedValue();
-    });
-}
-
-void DialogMain::onViewName(const char* text, void* clientData) {
-    runDialogCallback(
-        [text, clientData] { self(clientData).viewNameEntered(text != nullptr ? text : ""); });
-}
-
-void DialogMain::onFrameCount(const char* text, void* clientData) {
-    runDialogCallback(
-        [text, clientData] { self(clientData).frameCountEntered(text != nullptr ? text : ""); });
-}
-
-void DialogMain::onOpenFile(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).openFile(); });
-}
-
-void DialogMain::onSaveFile(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).saveFile(); });
-}
-
-void DialogMain::onSaveFileAs(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).saveFileAs(); });
-}
-
-void DialogMain::onAnimateTime(int32_t isOn, void* clientData) {
-    runDialogCallback([isOn, clientData] { self(clientData).settings_.AnimateTime = isOn != 0; });
-}
-
-void DialogMain::onAnimateStreamtraces(int32_t isOn, void* clientData) {
-    runDialogCallback(
-        [isOn, clientData] { self(clientData).settings_.AnimateStreamtraces = isOn != 0; });
-}
-
-void DialogMain::onFadeIn(int32_t isOn, void* clientData) {
-    runDialogCallback([isOn, clientData] { self(clientData).settings_.FadeIn = isOn != 0; });
-}
-
-void DialogMain::onFadeOut(int32_t isOn, void* clientData) {
-    runDialogCallback([isOn, clientData] { self(clientData).settings_.FadeOut = isOn != 0; });
-}
-
-void DialogMain::onTimeAnimationOptions(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).launchTimeAnimationOptions(); });
+template <bool AnimationSettings_s::*Option>
+void DialogMain::optionToggled(int32_t isOn) {
+    settings_.*Option = isOn != 0;
 }

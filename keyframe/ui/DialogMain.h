@@ -143,6 +143,10 @@ public:
 private:
     DialogMain();
 
+    // The host callbacks of the dialog's own: its init shows the state, its close takes it off
+    // the screen.
+    void init();
+    void close();
     // Runs an edit of the key frame list, then asks for the refresh of the fields, also when the
     // edit fails (its failure is passed on).
     template <typename Edit>
@@ -154,12 +158,16 @@ private:
     void applyKeyFrame();
     void deleteKeyFrames();
     void clear();
+    void destinationChosen();
+    // One Options menu toggle: the setting it shows follows it.
+    template <bool vexplot::vexutiltools::AnimationSettings_s::*Option>
+    void optionToggled(int32_t isOn);
     void viewNameEntered(const std::string& text);
     void frameCountEntered(const std::string& text);
     void animateSelected();
     void animateAll();
     // The run that Animate All starts at once (on screen) or after the export options' OK.
-    void animate(vexplot::vexutiltools::Destination_e destination, int32_t macroOption);
+    void animate(vexplot::vexutiltools::Destination_e destination, int32_t suppressRecording);
     // Switches the concurrent options off that the host cannot show, telling the user why.
     void checkConcurrency();
     void openFile();
@@ -169,30 +177,6 @@ private:
     void launchTimeAnimationOptions();
     void timeAnimationOptionsDone(bool accepted);
     std::vector<int64_t> selectedPositions() const;
-
-    static void onInit(void* clientData);
-    static void onClose(void* clientData);
-    static void onHelp(void* clientData);
-    static void onAppend(void* clientData);
-    static void onInsert(void* clientData);
-    static void onUpdate(void* clientData);
-    static void onApply(void* clientData);
-    static void onDelete(void* clientData);
-    static void onClear(void* clientData);
-    static void onAnimateAll(void* clientData);
-    static void onAnimateSelected(void* clientData);
-    static void onSelection(int32_t firstLine, void* clientData);
-    static void onDestination(int32_t entry, void* clientData);
-    static void onViewName(const char* text, void* clientData);
-    static void onFrameCount(const char* text, void* clientData);
-    static void onOpenFile(void* clientData);
-    static void onSaveFile(void* clientData);
-    static void onSaveFileAs(void* clientData);
-    static void onAnimateTime(int32_t isOn, void* clientData);
-    static void onAnimateStreamtraces(int32_t isOn, void* clientData);
-    static void onFadeIn(int32_t isOn, void* clientData);
-    static void onFadeOut(int32_t isOn, void* clientData);
-    static void onTimeAnimationOptions(void* clientData);
 
     // Declared before the view, which observes it and so must go first.
     vexplot::vexutiltools::ListModelKeyFrame keyFrames_;

@@ -4,17 +4,12 @@
 
 #include "addon/LockScope.h"
 #include "ui/DialogCallback.h"
-#include "vxappaddonuiaction.h"
 #include "vxtoolbox.h"
 
 namespace vexplot {
 namespace vexutiltools {
 
 namespace {
-
-DialogTimeAnimationOptions& self(void* clientData) {
-    return *static_cast<DialogTimeAnimationOptions*>(clientData);
-}
 
 bool usesNumCycles(TimeAnimationOperation_e operation) {
     return operation == TimeAnimationOperation_e::Loop ||
@@ -45,16 +40,24 @@ void DialogTimeAnimationOptions::launch(AnimationSettings_s& settings,
 
 void DialogTimeAnimationOptions::create() {
     Controls& c = controls_;
-    c.dialog =
-        VexGUIDialogCreateModal(VEXGUI_MAIN_DIALOG_PARENT, 5357, 878, "Time Animation Options",
-                                &onInit, &onOk, nullptr, &onCancel, &onHelp, this);
+    c.dialog = VexGUIDialogCreateModal(
+        VEXGUI_MAIN_DIALOG_PARENT, 5357, 878, "Time Animation Options",
+        &dialogCallback<&DialogTimeAnimationOptions::init>,
+        // OK and Cancel give back the lock the launch took: they count their locks themselves.
+        &dialogCallback<&DialogTimeAnimationOptions::ok, CallbackLocking::NoLock>, nullptr,
+        &dialogCallback<&DialogTimeAnimationOptions::cancel, CallbackLocking::NoLock>,
+        &dialogHelp<DialogTimeAnimationOptions>, this);
     c.numCyclesLabel = VexGUILabelAdd(c.dialog, 2901, 159, "Num Cycles:");
     c.frame = VexGUIFrameAdd(c.dialog, 207, 79, 4956, 732, "Animation Operation");
     const vexplot::toolbox::StringList labels{"&Forward", "&Loop", "&Bounce", "&As Captured"};
     c.operation =
-        VexGUIRadioBoxAdd(c.dialog, 587, 166, 2003, 573, labels.handle(), &onOperation, this);
-    c.numCycles = VexGUISpinTextFieldAdd(c.dialog, 2918, 333, 1329, 145, &onNumCyclesText,
-                                         &onNumCyclesUp, &onNumCyclesDown, this);
+        VexGUIRadioBoxAdd(c.dialog, 587, 166, 2003, 573, labels.handle(),
+                          &dialogCallback<&DialogTimeAnimationOptions::operationChanged>, this);
+    c.numCycles =
+        VexGUISpinTextFieldAdd(c.dialog, 2918, 333, 1329, 145,
+                               &dialogCallback<&DialogTimeAnimationOptions::numCyclesEntered>,
+                               &dialogCallback<&DialogTimeAnimationOptions::numCyclesUp>,
+                               &dialogCallback<&DialogTimeAnimationOptions::numCyclesDown>, this);
 }
 
 void DialogTimeAnimationOptions::init() {
@@ -93,10 +96,18 @@ void DialogTimeAnimationOptions::operationChanged(int32_t toggle) {
         showNumCyclesSensitivity(true, found->second);
 }
 
-void DialogTimeAnimationOptions::numCyclesEntered(const char* text) {
+void DialogTimeAnimationOptions::numCyclesEntered(const std::string& text) {
     // A rejected entry leaves the field showing the count still in force.
-    if (!numCycles_.validate(text != nullptr ? text : ""))
+    if (!numCycles_.validate(text))
         numCycles_.showValue();
+}
+
+void DialogTimeAnimationOptions::numCyclesUp() {
+    stepNumCycles(1);
+}
+
+void DialogTimeAnimationOptions::numCyclesDown() {
+    stepNumCycles(-1);
 }
 
 void DialogTimeAnimationOptions::stepNumCycles(int64_t step) {
@@ -137,38 +148,6 @@ void DialogTimeAnimationOptions::cancel() {
     modalLock_.release();
     VexGUIDialogDrop(controls_.dialog);
     completion_(false);
-}
-
-void DialogTimeAnimationOptions::onInit(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).init(); });
-}
-
-void DialogTimeAnimationOptions::onOk(void* clientData) {
-    catchDialogErrors([clientData] { self(clientData).ok(); });
-}
-
-void DialogTimeAnimationOptions::onCancel(void* clientData) {
-    catchDialogErrors([clientData] { self(clientData).cancel(); });
-}
-
-void DialogTimeAnimationOptions::onHelp(void*) {
-    runDialogCallback([] { VexUtilHelp(HelpPage); });
-}
-
-void DialogTimeAnimationOptions::onOperation(int32_t toggle, void* clientData) {
-    runDialogCallback([toggle, clientData] { self(clientData).operationChanged(toggle); });
-}
-
-void DialogTimeAnimationOptions::onNumCyclesText(const char* text, void* clientData) {
-    runDialogCallback([text, clientData] { self(clientData).numCyclesEntered(text); });
-}
-
-void DialogTimeAnimationOptions::onNumCyclesUp(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).stepNumCycles(1); });
-}
-
-void DialogTimeAnimationOptions::onNumCyclesDown(void* clientData) {
-    runDialogCallback([clientData] { self(clientData).stepNumCycles(-1); });
 }
 
 }  // namespace vexutiltools

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <string>
 
 #include <boost/function.hpp>
 
@@ -60,19 +61,13 @@ private:
     void ok();
     void cancel();
     void operationChanged(int32_t toggle);
-    void numCyclesEntered(const char* text);
+    void numCyclesEntered(const std::string& text);
+    // The spin field's arrows.
+    void numCyclesUp();
+    void numCyclesDown();
     void stepNumCycles(int64_t step);
     // The cycle field and its label are only of use to Loop and Bounce.
     void showNumCyclesSensitivity(bool hasOperation, TimeAnimationOperation_e operation);
-
-    static void onInit(void* clientData);
-    static void onOk(void* clientData);
-    static void onCancel(void* clientData);
-    static void onHelp(void* clientData);
-    static void onOperation(int32_t toggle, void* clientData);
-    static void onNumCyclesText(const char* text, void* clientData);
-    static void onNumCyclesUp(void* clientData);
-    static void onNumCyclesDown(void* clientData);
 
     TextFieldValidator<int> numCycles_;
     AnimationSettings_s* settings_ = nullptr;  // not owned; null while the dialog is not up

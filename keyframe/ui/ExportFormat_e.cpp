@@ -1,26 +1,24 @@
 #include "ui/ExportFormat_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
+template <>
+const ExportSetupTable<ExportFormat_e>& ExportSetupTable<ExportFormat_e>::instance() {
+    static const ExportSetupTable<ExportFormat_e> table{
+        "ExportFormat",
+        {{ExportFormat_e::AVI, "AVI", "AVI", "AVI", "avi"},
+         {ExportFormat_e::FLV, "FLV", "FLV", "Flash (FLV)", "flv"},
+         {ExportFormat_e::Flash, "Flash", "FLASH", "Flash (SWF)", "swf"},
+         {ExportFormat_e::MPEG4, "MPEG4", "MPEG4", "MPEG-4", "mp4"},
+         {ExportFormat_e::RasterMetafile, "RasterMetafile", "RASTERMETAFILE", "Raster Metafile",
+          "rm"},
+         {ExportFormat_e::WMV, "WMV", "WMV", "WMV", "wmv"}}};
+    return table;
+}
+
 std::ostream& operator<<(std::ostream& out, ExportFormat_e value) {
-    switch (value) {
-        case ExportFormat_e::RasterMetafile:
-            return out << "RasterMetafile";
-        case ExportFormat_e::AVI:
-            return out << "AVI";
-        case ExportFormat_e::Flash:
-            return out << "Flash";
-        case ExportFormat_e::FLV:
-            return out << "FLV";
-        case ExportFormat_e::MPEG4:
-            return out << "MPEG4";
-        case ExportFormat_e::WMV:
-            return out << "WMV";
-    }
-    return out << "ExportFormat_e(" << static_cast<int32_t>(value) << ')';
+    return ExportSetupTable<ExportFormat_e>::instance().print(out, value, "ExportFormat_e");
 }
 
 }  // namespace vexutiltools

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <iosfwd>
 
+#include "ui/ExportSetupTable.h"
+
 namespace vexplot {
 namespace vexutiltools {
 
@@ -18,7 +20,10 @@ enum class ExportFormat_e : int32_t {
     WMV = 22
 };
 
-// Prints the name, or ExportFormat_e(n) for a value outside the list.
+template <>
+const ExportSetupTable<ExportFormat_e>& ExportSetupTable<ExportFormat_e>::instance();
+
+// Prints the name, or ExportFormat_e(n) for a value outside the table.
 std::ostream& operator<<(std::ostream& out, ExportFormat_e value);
 
 }  // namespace vexutiltools

@@ -1,20 +1,20 @@
 #include "ui/ExportRegion_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
+template <>
+const ExportSetupTable<ExportRegion_e>& ExportSetupTable<ExportRegion_e>::instance() {
+    static const ExportSetupTable<ExportRegion_e> table{
+        "ExportRegion",
+        {{ExportRegion_e::CurrentFrame, "CurrentFrame", "CURRENTFRAME", "Active Frame"},
+         {ExportRegion_e::AllFrames, "AllFrames", "ALLFRAMES", "All Frames"},
+         {ExportRegion_e::WorkArea, "WorkArea", "WORKAREA", "Work Area"}}};
+    return table;
+}
+
 std::ostream& operator<<(std::ostream& out, ExportRegion_e value) {
-    switch (value) {
-        case ExportRegion_e::CurrentFrame:
-            return out << "CurrentFrame";
-        case ExportRegion_e::AllFrames:
-            return out << "AllFrames";
-        case ExportRegion_e::WorkArea:
-            return out << "WorkArea";
-    }
-    return out << "ExportRegion_e(" << static_cast<int32_t>(value) << ')';
+    return ExportSetupTable<ExportRegion_e>::instance().print(out, value, "ExportRegion_e");
 }
 
 }  // namespace vexutiltools

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <iosfwd>
 
+#include "ui/ExportSetupTable.h"
+
 namespace vexplot {
 namespace vexutiltools {
 
@@ -11,7 +13,10 @@ namespace vexutiltools {
 // The numbers are the host's own.
 enum class ExportRegion_e : int32_t { CurrentFrame = 0, AllFrames = 1, WorkArea = 2 };
 
-// Prints the name, or ExportRegion_e(n) for a value outside the list.
+template <>
+const ExportSetupTable<ExportRegion_e>& ExportSetupTable<ExportRegion_e>::instance();
+
+// Prints the name, or ExportRegion_e(n) for a value outside the table.
 std::ostream& operator<<(std::ostream& out, ExportRegion_e value);
 
 }  // namespace vexutiltools

@@ -1,20 +1,20 @@
 #include "ui/FlashImageType_e.h"
 
-#include <ostream>
-
 namespace vexplot {
 namespace vexutiltools {
 
+template <>
+const ExportSetupTable<FlashImageType_e>& ExportSetupTable<FlashImageType_e>::instance() {
+    static const ExportSetupTable<FlashImageType_e> table{
+        "FlashImageType",
+        {{FlashImageType_e::Lossless, "Lossless", "LOSSLESS", "True Color"},
+         {FlashImageType_e::JPEG, "JPEG", "JPEG", "JPEG"},
+         {FlashImageType_e::Color256, "Color256", "256COLOR", "256 Colors"}}};
+    return table;
+}
+
 std::ostream& operator<<(std::ostream& out, FlashImageType_e value) {
-    switch (value) {
-        case FlashImageType_e::Lossless:
-            return out << "Lossless";
-        case FlashImageType_e::JPEG:
-            return out << "JPEG";
-        case FlashImageType_e::Color256:
-            return out << "Color256";
-    }
-    return out << "FlashImageType_e(" << static_cast<int32_t>(value) << ')';
+    return ExportSetupTable<FlashImageType_e>::instance().print(out, value, "FlashImageType_e");
 }
 
 }  // namespace vexutiltools

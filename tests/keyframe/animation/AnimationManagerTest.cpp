@@ -86,11 +86,13 @@ TEST_F(AnimationManagerTest, ARangeThatEndsOnNoKeyFrameIsAProgrammingError) {
     for (const auto& [first, count] :
          std::vector<std::pair<uint64_t, uint64_t>>{{1, 2}, {2, 1}, {3, 0}, {5, 1}, {0, 4}}) {
         const std::string error = vextest::errorOf([&] {
-            AnimationManager::animate(threeKeyFrames(), first, count, AnimationSettings_s(), 1);
+            AnimationManager::animate(threeKeyFrames(), first, count, AnimationSettings_s(),
+                                      AnimationManager::SuppressMacroRecording);
         });
         EXPECT_EQ(0u, error.find("AnimationManager::AnimationManager: ")) << error;
     }
-    EXPECT_THROW(AnimationManager::animate(threeKeyFrames(), 1, 2, AnimationSettings_s(), 1),
+    EXPECT_THROW(AnimationManager::animate(threeKeyFrames(), 1, 2, AnimationSettings_s(),
+                                           AnimationManager::SuppressMacroRecording),
                  std::invalid_argument);
     EXPECT_EQ(0u, host().progress().startCount()) << "nothing was built";
 }
@@ -179,7 +181,7 @@ TEST_F(AnimationManagerTest, TheRunEndsInOrderDisplayListsStatusChainLock) {
     settings.AnimateStreamtraces = true;
     settings.Destination = Destination_e::ToFile;
     startCallLog();
-    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, settings, 0));
+    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, settings, AnimationManager::RecordMacro));
     const std::vector<std::string> tail =
         logFrom(takeCallLog(), "VexUtilStatusCheckPercentDone(85)");
     EXPECT_EQ((std::vector<std::string>{
@@ -201,10 +203,11 @@ TEST_F(AnimationManagerTest, TheRunEndsInOrderDisplayListsStatusChainLock) {
 
 TEST_F(AnimationManagerTest, ARunRecordsAnimateWithItsDestinationWhileRecording) {
     host().macro().setRecording(true);
-    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(), 0));
+    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(),
+                               AnimationManager::RecordMacro));
     AnimationSettings_s toFile;
     toFile.Destination = Destination_e::ToFile;
-    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, toFile, 0));
+    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, toFile, AnimationManager::RecordMacro));
     EXPECT_EQ((std::vector<std::string>{
                   "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=OnScreen",
                   "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=ToFile"}),
@@ -214,21 +217,23 @@ TEST_F(AnimationManagerTest, ARunRecordsAnimateWithItsDestinationWhileRecording)
 TEST_F(AnimationManagerTest, ASuppressedRunRecordsNothing) {
     host().macro().setRecording(true);
     startCallLog();
-    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(), 1));
+    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(),
+                               AnimationManager::SuppressMacroRecording));
     EXPECT_TRUE(host().macro().lines().empty());
     EXPECT_TRUE(linesStartingWith(takeCallLog(), "VexUtilMacro").empty());
 }
 
 TEST_F(AnimationManagerTest, ARunWhileNotRecordingRecordsNothing) {
-    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(), 0));
+    ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(),
+                               AnimationManager::RecordMacro));
     EXPECT_TRUE(host().macro().lines().empty());
 }
 
 TEST_F(AnimationManagerTest, ACanceledRunRecordsNothing) {
     host().macro().setRecording(true);
     host().progress().pressStopAt(5);
-    EXPECT_EQ("Animation canceled.",
-              animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(), 0));
+    EXPECT_EQ("Animation canceled.", animateError(threeKeyFrames(), 0, 3, AnimationSettings_s(),
+                                                  AnimationManager::RecordMacro));
     EXPECT_TRUE(host().macro().lines().empty());
 }
 
@@ -237,8 +242,9 @@ TEST_F(AnimationManagerTest, ADestinationWithoutANameFailsToRecordAfterExporting
     host().macro().setRecording(true);
     AnimationSettings_s settings;
     settings.Destination = static_cast<Destination_e>(7);
-    const std::string error =
-        vextest::errorOf([&] { AnimationManager::animate(threeKeyFrames(), 0, 3, settings, 0); });
+    const std::string error = vextest::errorOf([&] {
+        AnimationManager::animate(threeKeyFrames(), 0, 3, settings, AnimationManager::RecordMacro);
+    });
     EXPECT_EQ("Enumeration out of range.", error);
     EXPECT_EQ(1u, host().exporter().counts().finishes) << "any destination but 0 exports";
     EXPECT_EQ(6u, host().exporter().counts().frames);
@@ -257,8 +263,8 @@ TEST_F(AnimationManagerTest, AFrameCountOfZeroRunsUntilStopAndLeavesTheHostResto
     settings.AnimateStreamtraces = true;
     settings.Destination = Destination_e::ToFile;
     host().progress().pressStopAt(5);
-    EXPECT_EQ("Animation canceled.",
-              animateError(keyFramesWithCounts({0, 1, 1}), 0, 3, settings, 0));
+    EXPECT_EQ("Animation canceled.", animateError(keyFramesWithCounts({0, 1, 1}), 0, 3, settings,
+                                                  AnimationManager::RecordMacro));
     EXPECT_EQ((std::vector<std::string>{
                   "Creating interpolated views.... Press [Esc] or click [Stop] to cancel."}),
               host().progress().texts());

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "animation/AnimationManager.h"
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
 #include "support/AddOnTest.h"
@@ -30,6 +31,7 @@ protected:
     using KeyFrame_s = vexplot::vexutiltools::KeyFrame_s;
     using KeyFrameView_s = vexplot::vexutiltools::KeyFrameView_s;
     using AnimationSettings_s = vexplot::vexutiltools::AnimationSettings_s;
+    using AnimationManager = vexplot::vexutiltools::AnimationManager;
     using RestoredState = vextest::RestoredState;
 
     // A view at the host's default viewer position and width with the given angles.
@@ -47,9 +49,10 @@ protected:
     void expectRestored(const RestoredState& before) const;
 
     // Runs the animation; the KeyFrameError's text, or "" when it succeeded.
-    static std::string animateError(const std::vector<KeyFrame_s>& keyFrames, uint64_t first,
-                                    uint64_t count, const AnimationSettings_s& settings,
-                                    int32_t suppressRecording = 1);
+    static std::string animateError(
+        const std::vector<KeyFrame_s>& keyFrames, uint64_t first, uint64_t count,
+        const AnimationSettings_s& settings,
+        int32_t suppressRecording = AnimationManager::SuppressMacroRecording);
 
     // The style value set by a call log line, its last argument (NaN for "nan").
     static double loggedValue(const std::string& line);

@@ -295,8 +295,8 @@ TEST_F(AnimatorKeyFrameTest, StopWhileCreatingViewsCancelsBeforeAnyFrame) {
     host().progress().pressStopAt(2);
     AnimationSettings_s settings;
     settings.Destination = Destination_e::ToFile;
-    EXPECT_EQ("Animation canceled.",
-              animateError(keyFramesWithCounts({3, 2, 7}), 0, 3, settings, 0));
+    EXPECT_EQ("Animation canceled.", animateError(keyFramesWithCounts({3, 2, 7}), 0, 3, settings,
+                                                  AnimationManager::RecordMacro));
     EXPECT_EQ(0u, host().drawing().drawnFrames());
     EXPECT_EQ(0u, host().exporter().counts().starts);
     EXPECT_EQ((std::vector<std::string>{

@@ -223,7 +223,8 @@ TEST_F(AnimatorTimeTest, AnOperationOutsideTheListConfiguresNothing) {
                     .empty());
     const std::string error = vextest::errorOf([&] {
         AnimationManager::animate(keyFramesOfTotal(5), 0, 2,
-                                  timeSettings(static_cast<TimeAnimationOperation_e>(7)), 1);
+                                  timeSettings(static_cast<TimeAnimationOperation_e>(7)),
+                                  AnimationManager::SuppressMacroRecording);
     });
     EXPECT_EQ("invalid vector subscript", error);
     expectRestored(before);

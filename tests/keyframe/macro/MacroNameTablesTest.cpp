@@ -5,7 +5,7 @@
 #include <string>
 
 #include "macro/Command_e.h"
-#include "macro/DestinationNameTable.h"
+#include "model/Destination_e.h"
 #include "macro/Parameter_e.h"
 
 namespace vexplot {
