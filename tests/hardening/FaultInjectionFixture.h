@@ -1,8 +1,8 @@
-// vextest::FaultInjectionTest, the fixture of the fault injection tests: runs a scenario under
+// vextest::FaultInjectionFixture, the fixture of the fault injection tests: runs a scenario under
 // every host fault (FaultInjector), prints the tallies of its fault sites and fails with every
 // broken rule.
-#ifndef VEXTEST_HARDENING_FAULTINJECTIONTEST_H
-#define VEXTEST_HARDENING_FAULTINJECTIONTEST_H
+#ifndef VEXTEST_HARDENING_FAULTINJECTIONFIXTURE_H
+#define VEXTEST_HARDENING_FAULTINJECTIONFIXTURE_H
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@
 
 namespace vextest {
 
-class FaultInjectionTest : public HostTest {
+class FaultInjectionFixture : public HostTest {
 protected:
     void TearDown() override {
         injector_.tearDown();

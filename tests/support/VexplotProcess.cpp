@@ -1,4 +1,4 @@
-#include "VexplotProcess.h"
+#include "support/VexplotProcess.h"
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -23,18 +23,6 @@ std::string slurp(const std::string& path) {
 }
 
 }  // namespace
-
-VexplotProcess::VexplotProcess() {
-    std::string pattern = std::filesystem::temp_directory_path() / "vexplot-test-XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr)
-        throw std::runtime_error("VexplotProcess: cannot make a scratch directory");
-    directory_ = pattern;
-}
-
-VexplotProcess::~VexplotProcess() {
-    std::error_code ignored;
-    std::filesystem::remove_all(directory_, ignored);
-}
 
 std::string VexplotProcess::writeFile(const std::string& name, const std::string& content) const {
     const std::string path = directory_ + "/" + name;

@@ -1,10 +1,12 @@
 // Runs the built vexplot as a user does, in a scratch directory of its own, and keeps what it
 // printed and how it exited. The scratch directory goes when the object goes.
-#ifndef VEXTEST_APPS_VEXPLOTPROCESS_H
-#define VEXTEST_APPS_VEXPLOTPROCESS_H
+#ifndef VEXTEST_VEXPLOTPROCESS_H
+#define VEXTEST_VEXPLOTPROCESS_H
 
 #include <string>
 #include <vector>
+
+#include "support/TemporaryDirectory.h"
 
 namespace vextest {
 
@@ -15,11 +17,6 @@ public:
         std::string out;
         std::string err;
     };
-
-    VexplotProcess();
-    ~VexplotProcess();
-    VexplotProcess(const VexplotProcess&) = delete;
-    VexplotProcess& operator=(const VexplotProcess&) = delete;
 
     // The scratch directory, the program's working directory.
     const std::string& directory() const { return directory_; }
@@ -35,7 +32,8 @@ public:
                const std::string& workingDirectory = "") const;
 
 private:
-    std::string directory_;
+    TemporaryDirectory scratch_{"vexplot-test"};
+    std::string directory_ = scratch_.path().string();
 };
 
 // The lines of a text, without their line feeds.

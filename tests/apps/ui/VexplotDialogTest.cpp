@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "../VexplotProcess.h"
+#include "support/VexplotProcess.h"
 
 namespace {
 

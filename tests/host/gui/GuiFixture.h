@@ -1,8 +1,8 @@
-// guitest::GuiTest, the fixture of the GUI model's tests: a clean host (vextest::HostTest), the
+// guitest::GuiFixture, the fixture of the GUI model's tests: a clean host (vextest::HostTest), the
 // user at the dialogs, and callbacks that record what they were called with, so a test sees which
 // callbacks the host fired, in which order and with which values.
-#ifndef VEXTEST_GUI_GUITEST_H
-#define VEXTEST_GUI_GUITEST_H
+#ifndef VEXTEST_GUI_GUIFIXTURE_H
+#define VEXTEST_GUI_GUIFIXTURE_H
 
 #include <cstdint>
 #include <deque>
@@ -16,7 +16,7 @@
 
 namespace guitest {
 
-class GuiTest : public vextest::HostTest {
+class GuiFixture : public vextest::HostTest {
 protected:
     vexhost::GuiModel& gui() const { return host().gui(); }
     vexhost::GuiUser& user() { return user_; }

@@ -1,7 +1,7 @@
 // The fixture of the animation tests: the add-on loaded into a clean host with one 3D frame, and
 // helpers to make key frames, read the host's call log and check what a run leaves behind.
-#ifndef VEXTEST_ANIMATIONTEST_H
-#define VEXTEST_ANIMATIONTEST_H
+#ifndef VEXTEST_ANIMATIONFIXTURE_H
+#define VEXTEST_ANIMATIONFIXTURE_H
 
 #include <cstdint>
 #include <functional>
@@ -23,7 +23,7 @@ struct RestoredState {
     double timeAnchor = 0;
 };
 
-class AnimationTest : public AddOnTest {
+class AnimationFixture : public AddOnTest {
 protected:
     void SetUp() override;
 

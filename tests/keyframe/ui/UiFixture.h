@@ -1,13 +1,10 @@
-// Fixtures for the dialog tests: the add-on loaded in a clean host (vextest::AddOnTest), a fresh
-// main dialog state, and a user at the host's dialogs (vexhost::GuiUser).
-//
-// UiTest gives the user and a few ways of naming what the user acts on. MainDialogTest adds a 3D
-// frame of 800 x 600 pixels and opens the main dialog through the host's Animate menu. Every action
-// helper runs the host's idle queue afterwards, as the host's main loop does between user actions,
-// and checks that the add-on's lock is back at depth 0 (at `lockDepthAfter` for actions that leave
-// a modal dialog up).
-#ifndef VEXTEST_UI_UITEST_H
-#define VEXTEST_UI_UITEST_H
+// The fixture of the dialog tests: the add-on loaded in a clean host (vextest::AddOnTest), a fresh
+// main dialog state, and a user at the host's dialogs (vexhost::GuiUser), with a few ways of naming
+// what the user acts on. Every action helper runs the host's idle queue afterwards, as the host's
+// main loop does between user actions, and checks that the add-on's lock is back at depth 0 (at
+// `lockDepthAfter` for actions that leave a modal dialog up).
+#ifndef VEXTEST_UI_UIFIXTURE_H
+#define VEXTEST_UI_UIFIXTURE_H
 
 #include <cstdint>
 #include <memory>
@@ -20,7 +17,7 @@
 
 namespace vextest {
 
-class UiTest : public AddOnTest {
+class UiFixture : public AddOnTest {
 protected:
     void SetUp() override;
     void TearDown() override;
@@ -49,28 +46,6 @@ protected:
 
 private:
     std::unique_ptr<vexhost::GuiUser> user_;
-};
-
-class MainDialogTest : public UiTest {
-protected:
-    static constexpr const char* Title = "Key Frame Animation";
-
-    void SetUp() override;
-
-    void openMainDialog();
-    DialogMain& dialog() { return DialogMain::instance(); }
-    const vexhost::GuiControl& mainControl(const std::string& text) { return control(Title, text); }
-    // The lines the list control shows.
-    std::vector<std::string> listLines();
-    std::vector<int32_t> selectedLines();
-    bool isSensitive(const std::string& text) { return mainControl(text).sensitive; }
-    void pressMain(const std::string& button, int lockDepthAfter = 0) {
-        press(Title, button, lockDepthAfter);
-    }
-    void selectMain(std::vector<int32_t> lines) { selectLines(Title, std::move(lines)); }
-    void appendKeyFrames(int count);
-    // Turns the active frame's view about psi, so each captured key frame differs.
-    void turnView(double psiDegrees);
 };
 
 }  // namespace vextest
