@@ -78,6 +78,13 @@ VexplotProcess::Result VexplotProcess::run(const std::vector<std::string>& argum
     return result;
 }
 
+VexplotProcess::Result VexplotProcess::runMacro(const std::string& macro,
+                                                std::vector<std::string> options) const {
+    writeFile("m.mcr", macro);
+    options.push_back("m.mcr");
+    return run(options);
+}
+
 std::vector<std::string> linesOf(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream in(text);
@@ -85,6 +92,10 @@ std::vector<std::string> linesOf(const std::string& text) {
     while (std::getline(in, line))
         lines.push_back(line);
     return lines;
+}
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
 }
 
 }  // namespace vextest

@@ -30,6 +30,8 @@ public:
     // directory unless another working directory is given.
     Result run(const std::vector<std::string>& arguments,
                const std::string& workingDirectory = "") const;
+    // Writes the macro as m.mcr and runs vexplot with the options and m.mcr.
+    Result runMacro(const std::string& macro, std::vector<std::string> options = {}) const;
 
 private:
     TemporaryDirectory scratch_{"vexplot-test"};
@@ -38,6 +40,8 @@ private:
 
 // The lines of a text, without their line feeds.
 std::vector<std::string> linesOf(const std::string& text);
+// Whether the text (what vexplot printed, a file it wrote) holds the part.
+bool contains(const std::string& text, const std::string& part);
 
 }  // namespace vextest
 

@@ -6,45 +6,27 @@
 #include <string>
 #include <vector>
 
-#include "VexplotProcess.h"
+#include "support/ExportLogLines.h"
+#include "support/KeyFrameData.h"
+#include "support/TraceLines.h"
+#include "support/VexplotProcess.h"
 
 namespace {
 
+using vextest::contains;
+using vextest::exportStartedLine;
 using vextest::linesOf;
+using vextest::TraceFields;
+using vextest::traceLineHead;
+using vextest::traceLineStart;
+using vextest::traceView;
 using vextest::VexplotProcess;
 using Result = VexplotProcess::Result;
 
-// Two key frames, 3 frames from the first to the second: 4 frames in all. Written exactly as the
-// add-on writes a settings file, so a file saved from it compares byte for byte.
-const char* const TwoKeyFrames =
-    "#!KeyFrame 1\n"
-    "\n"
-    "%Settings\n"
-    " AnimateTime false\n"
-    " TimeAnimationOperation Forward\n"
-    " NumCycles 1\n"
-    " AnimateStreamtraces false\n"
-    " FadeIn false\n"
-    " FadeOut false\n"
-    "%Settings\n"
-    "\n"
-    "%KeyFrameView\n"
-    " Name \"Front\"\n"
-    " Position 1.5 -20 3.25\n"
-    " Angle 30 45 0\n"
-    " Width 12\n"
-    " FrameCount 3\n"
-    " SolutionTime 0\n"
-    "%KeyFrameView\n"
-    "\n"
-    "%KeyFrameView\n"
-    " Name \"Top\"\n"
-    " Position 0 0 50\n"
-    " Angle 0 0 0\n"
-    " Width 10\n"
-    " FrameCount 1\n"
-    " SolutionTime 0.5\n"
-    "%KeyFrameView";
+// Two key frames, 3 frames from the first to the second: 4 frames in all.
+const std::vector<vextest::KeyFrame_s> TwoKeyFrames = {
+    vextest::keyFrame("Front", {1.5, -20, 3.25, 30, 45, 0, 12}, 3, 0),
+    vextest::keyFrame("Top", {0, 0, 50, 0, 0, 0, 10}, 1, 0.5)};
 
 const char* const Open = "$!ADDON \"Key Frame Animation\" OpenSettingsFile FileName=";
 const char* const Save = "$!ADDON \"Key Frame Animation\" SaveSettingsFile FileName=";
@@ -52,33 +34,26 @@ const char* const Animate = "$!ADDON \"Key Frame Animation\" Animate";
 
 class VexplotKeyFrameTest : public ::testing::Test {
 protected:
-    void SetUp() override { process.writeFile("two.keyframe", TwoKeyFrames); }
-
-    Result runMacro(const std::string& macro, std::vector<std::string> options = {}) {
-        process.writeFile("m.mcr", macro);
-        options.push_back("m.mcr");
-        return process.run(options);
+    // Written as the add-on writes a settings file, so a file saved from it compares byte for
+    // byte.
+    void SetUp() override {
+        vextest::writeSettingsFile(process.directory() + "/two.keyframe", TwoKeyFrames,
+                                   vextest::AnimationSettings_s());
     }
 
     // The events of a trace file, in order.
     std::vector<std::string> traceEvents(const std::string& name) const {
         std::vector<std::string> events;
-        for (const std::string& line : linesOf(process.readFile(name))) {
-            const std::size_t start = line.find("\"event\": \"") + 10;
-            events.push_back(line.substr(start, line.find('"', start) - start));
-        }
+        for (const std::string& line : linesOf(process.readFile(name)))
+            events.push_back(vextest::traceEventOf(line));
         return events;
-    }
-
-    static bool contains(const std::string& text, const std::string& part) {
-        return text.find(part) != std::string::npos;
     }
 
     VexplotProcess process;
 };
 
 TEST_F(VexplotKeyFrameTest, OpenedKeyFramesAnimateOnScreenFrameByFrame) {
-    const Result result = runMacro(
+    const Result result = process.runMacro(
         std::string(Open) + "two.keyframe\n" + Animate + " AnimationDestination=OnScreen\n",
         {"--trace", "out.jsonl"});
     EXPECT_EQ(0, result.exitStatus) << result.err;
@@ -86,13 +61,13 @@ TEST_F(VexplotKeyFrameTest, OpenedKeyFramesAnimateOnScreenFrameByFrame) {
               traceEvents("out.jsonl"));
     // The first and last frames are the key frames' views.
     const std::vector<std::string> lines = linesOf(process.readFile("out.jsonl"));
-    EXPECT_TRUE(contains(lines.at(0), "\"view\": [1.5, -20, 3.25, 30, 45, 0, 12]"));
-    EXPECT_TRUE(contains(lines.at(3), "\"view\": [0, 0, 50, 0, 0, 0, 10]"));
+    EXPECT_TRUE(contains(lines.at(0), traceView({1.5, -20, 3.25, 30, 45, 0, 12})));
+    EXPECT_TRUE(contains(lines.at(3), traceView({0, 0, 50, 0, 0, 0, 10})));
     EXPECT_TRUE(contains(result.err, "Animating.... Press [Esc] or click [Stop] to cancel.\n"));
 }
 
 TEST_F(VexplotKeyFrameTest, RecordedMacroReplaysToTheSameFrameTrace) {
-    const Result recorded = runMacro(
+    const Result recorded = process.runMacro(
         "$!VIEW 1 2 3 40 50 0 4\n"
         "$!REDRAW\n" +
             std::string(Open) + "two.keyframe\n" + Animate +
@@ -120,9 +95,9 @@ TEST_F(VexplotKeyFrameTest, RecordedMacroReplaysToTheSameFrameTrace) {
 TEST_F(VexplotKeyFrameTest, OpenSettingsFileOfABrokenFileFailsAndChangesNothing) {
     process.writeFile("broken.keyframe",
                       "#!KeyFrame 1\n\n%Settings\n AnimateTime false\n Bogus 3\n%Settings\n");
-    const Result result = runMacro(std::string(Open) + "two.keyframe\n" + Open +
-                                       "broken.keyframe\n" + Save + "saved.keyframe\n",
-                                   {"--keep-going", "--record", "recorded.mcr"});
+    const Result result = process.runMacro(std::string(Open) + "two.keyframe\n" + Open +
+                                               "broken.keyframe\n" + Save + "saved.keyframe\n",
+                                           {"--keep-going", "--record", "recorded.mcr"});
     EXPECT_EQ(1, result.exitStatus);
     EXPECT_EQ(
         "m.mcr:2: Key Frame Animation error:\n"
@@ -131,7 +106,7 @@ TEST_F(VexplotKeyFrameTest, OpenSettingsFileOfABrokenFileFailsAndChangesNothing)
         result.err);
     // The list and settings are still those of the first file, and the failed open is not
     // recorded.
-    EXPECT_EQ(TwoKeyFrames, process.readFile("saved.keyframe"));
+    EXPECT_EQ(process.readFile("two.keyframe"), process.readFile("saved.keyframe"));
     EXPECT_EQ(std::string(Open) + "two.keyframe\n" + Save + "saved.keyframe\n",
               process.readFile("recorded.mcr"));
 }
@@ -139,7 +114,7 @@ TEST_F(VexplotKeyFrameTest, OpenSettingsFileOfABrokenFileFailsAndChangesNothing)
 TEST_F(VexplotKeyFrameTest, FirstBrokenFileStopsTheRun) {
     process.writeFile("broken.keyframe", "#!KeyFrame 2\n");
     const Result result =
-        runMacro(std::string(Open) + "broken.keyframe\n" + Save + "saved.keyframe\n");
+        process.runMacro(std::string(Open) + "broken.keyframe\n" + Save + "saved.keyframe\n");
     EXPECT_EQ(1, result.exitStatus);
     EXPECT_EQ(
         "m.mcr:1: Key Frame Animation error:\n"
@@ -150,7 +125,7 @@ TEST_F(VexplotKeyFrameTest, FirstBrokenFileStopsTheRun) {
 
 TEST_F(VexplotKeyFrameTest, SaveSettingsFileWithNoKeyFramesFailsAndCreatesNoFile) {
     const Result result =
-        runMacro(std::string(Save) + "saved.keyframe\n", {"--record", "recorded.mcr"});
+        process.runMacro(std::string(Save) + "saved.keyframe\n", {"--record", "recorded.mcr"});
     EXPECT_EQ(1, result.exitStatus);
     EXPECT_EQ("m.mcr:1: Key Frame Animation error:\nNo Key Frames established.\n", result.err);
     EXPECT_FALSE(process.exists("saved.keyframe"));
@@ -159,23 +134,21 @@ TEST_F(VexplotKeyFrameTest, SaveSettingsFileWithNoKeyFramesFailsAndCreatesNoFile
 
 TEST_F(VexplotKeyFrameTest, AnimateWithTheDestinationInLowerCaseRunsToFile) {
     const Result result =
-        runMacro("$!EXPORTSETUP ExportFName = \"film.mp4\"\n" + std::string(Open) +
-                     "two.keyframe\n" + Animate + " AnimationDestination=tofile\n",
-                 {"--trace", "out.jsonl"});
+        process.runMacro("$!EXPORTSETUP ExportFName = \"film.mp4\"\n" + std::string(Open) +
+                             "two.keyframe\n" + Animate + " AnimationDestination=tofile\n",
+                         {"--trace", "out.jsonl"});
     EXPECT_EQ(0, result.exitStatus) << result.err;
     EXPECT_EQ((std::vector<std::string>{"export-start", "export-frame", "export-frame",
                                         "export-frame", "export-finish", "exit"}),
               traceEvents("out.jsonl"));
     // The export log tells what was written.
-    EXPECT_TRUE(contains(result.err,
-                         "Export started: format 21, 800 x 600 pixels, to "
-                         "\"film.mp4\".\n"))
+    EXPECT_TRUE(contains(result.err, exportStartedLine(21, 800, 600, "film.mp4") + "\n"))
         << result.err;
 }
 
 TEST_F(VexplotKeyFrameTest, AnimateWithoutParametersNamesTheMissingParameter) {
-    const Result result =
-        runMacro(std::string(Open) + "two.keyframe\n" + Animate + "\n", {"--trace", "out.jsonl"});
+    const Result result = process.runMacro(std::string(Open) + "two.keyframe\n" + Animate + "\n",
+                                           {"--trace", "out.jsonl"});
     EXPECT_EQ(1, result.exitStatus);
     EXPECT_EQ(
         "m.mcr:2: Key Frame Animation error:\n"
@@ -185,8 +158,8 @@ TEST_F(VexplotKeyFrameTest, AnimateWithoutParametersNamesTheMissingParameter) {
 }
 
 TEST_F(VexplotKeyFrameTest, AnimateToScreenIsAnInvalidDestination) {
-    const Result result =
-        runMacro(std::string(Open) + "two.keyframe\n" + Animate + " AnimationDestination=Screen\n");
+    const Result result = process.runMacro(std::string(Open) + "two.keyframe\n" + Animate +
+                                           " AnimationDestination=Screen\n");
     EXPECT_EQ(1, result.exitStatus);
     EXPECT_EQ(
         "m.mcr:2: Key Frame Animation error:\n"
@@ -195,7 +168,7 @@ TEST_F(VexplotKeyFrameTest, AnimateToScreenIsAnInvalidDestination) {
 }
 
 TEST_F(VexplotKeyFrameTest, StopAtCancelsTheAnimation) {
-    const Result result = runMacro(
+    const Result result = process.runMacro(
         std::string(Open) + "two.keyframe\n" + Animate + " AnimationDestination=OnScreen\n",
         {"--stop-at", "4", "--trace", "out.jsonl"});
     EXPECT_EQ(1, result.exitStatus);
@@ -205,7 +178,7 @@ TEST_F(VexplotKeyFrameTest, StopAtCancelsTheAnimation) {
 }
 
 TEST_F(VexplotKeyFrameTest, OpenSettingsFileOfAMissingFileSaysItCannotBeRead) {
-    const Result result = runMacro(std::string(Open) + "\"no such.keyframe\"\n");
+    const Result result = process.runMacro(std::string(Open) + "\"no such.keyframe\"\n");
     EXPECT_EQ(1, result.exitStatus);
     EXPECT_EQ("m.mcr:1: Key Frame Animation error:\nUnable to open file for reading.\n",
               result.err);
@@ -221,12 +194,12 @@ TEST_F(VexplotKeyFrameTest, ExampleFlightAnimatesThroughItsFourKeyFrames) {
     const std::vector<std::string> lines = linesOf(process.readFile("flight.jsonl"));
     // 30 + 30 + 30 frames between the key frames, the last key frame, and the exit line.
     ASSERT_EQ(92u, lines.size());
-    EXPECT_TRUE(contains(lines.front(), "\"view\": [2.59808, -4.5, 3.1, 60, 30, 0, 3.2]"));
-    EXPECT_TRUE(contains(lines[90],
-                         "\"view\": [-5.0191, -2.89778, 1.65291, 75, -60, 0, 3.2], "
-                         "\"perspective\": false, \"solutionTime\": 1,"))
-        << lines[90];
-    EXPECT_EQ(0u, lines.back().find("{\"event\": \"exit\""));
+    EXPECT_TRUE(contains(lines.front(), traceView({2.59808, -4.5, 3.1, 60, 30, 0, 3.2})));
+    TraceFields lastKeyFrame;
+    lastKeyFrame.view = {-5.0191, -2.89778, 1.65291, 75, -60, 0, 3.2};
+    lastKeyFrame.solutionTime = 1;
+    EXPECT_EQ(0u, lines[90].find(traceLineHead("redraw", lastKeyFrame))) << lines[90];
+    EXPECT_EQ(0u, lines.back().find(traceLineStart("exit")));
 }
 
 }  // namespace

@@ -6,12 +6,20 @@
 #include <string>
 #include <vector>
 
-#include "VexplotProcess.h"
+#include "support/ExportLogLines.h"
+#include "support/TraceLines.h"
+#include "support/VexplotProcess.h"
 #include "vexhost/Host.h"
 
 namespace {
 
+using vextest::contains;
+using vextest::exportStartedLine;
 using vextest::linesOf;
+using vextest::movieWrittenLine;
+using vextest::TraceFields;
+using vextest::traceLine;
+using vextest::traceLineStart;
 using vextest::VexplotProcess;
 using Result = VexplotProcess::Result;
 
@@ -19,14 +27,8 @@ class VexplotTest : public ::testing::Test {
 protected:
     // Runs vexplot with the probe add-on and a macro of these lines (m.mcr).
     Result runProbe(const std::string& macro, std::vector<std::string> options = {}) {
-        process.writeFile("m.mcr", macro);
         options.insert(options.begin(), {"--addon", VEXPLOT_PROBE_ADDON_PATH});
-        options.push_back("m.mcr");
-        return process.run(options);
-    }
-
-    static bool contains(const std::string& text, const std::string& part) {
-        return text.find(part) != std::string::npos;
+        return process.runMacro(macro, std::move(options));
     }
 
     VexplotProcess process;
@@ -234,17 +236,13 @@ TEST_F(VexplotTest, TraceHasEveryDrawnFrameAndTheExitLine) {
         "$!ADDON \"Probe\" Redraw\n",
         {"--trace", "out.jsonl", "--data", "none"});
     EXPECT_EQ(0, result.exitStatus) << result.err;
-    EXPECT_EQ(
-        "{\"event\": \"redraw\", \"view\": [1, 2, 3, 40, 50, 0, 4], \"perspective\": false, "
-        "\"solutionTime\": 0, \"intensity\": 75, \"backgroundLight\": 25, \"axisShow\": true, "
-        "\"timeAnchor\": 0}\n"
-        "{\"event\": \"redraw\", \"view\": [1, 2, 3, 40, 50, 0, 4], \"perspective\": false, "
-        "\"solutionTime\": 0.5, \"intensity\": 75, \"backgroundLight\": 25, \"axisShow\": true, "
-        "\"timeAnchor\": 0}\n"
-        "{\"event\": \"exit\", \"view\": [1, 2, 3, 40, 50, 0, 4], \"perspective\": false, "
-        "\"solutionTime\": 0.5, \"intensity\": 75, \"backgroundLight\": 25, \"axisShow\": true, "
-        "\"timeAnchor\": 0}\n",
-        process.readFile("out.jsonl"));
+    TraceFields atZero;
+    atZero.view = {1, 2, 3, 40, 50, 0, 4};
+    TraceFields atHalf = atZero;
+    atHalf.solutionTime = 0.5;
+    EXPECT_EQ(traceLine("redraw", atZero) + "\n" + traceLine("redraw", atHalf) + "\n" +
+                  traceLine("exit", atHalf) + "\n",
+              process.readFile("out.jsonl"));
 }
 
 TEST_F(VexplotTest, TraceGetsItsExitLineAlsoWhenTheRunFails) {
@@ -252,7 +250,7 @@ TEST_F(VexplotTest, TraceGetsItsExitLineAlsoWhenTheRunFails) {
     EXPECT_EQ(1, result.exitStatus);
     const std::vector<std::string> lines = linesOf(process.readFile("out.jsonl"));
     ASSERT_EQ(1u, lines.size());
-    EXPECT_EQ(0u, lines[0].find("{\"event\": \"exit\", "));
+    EXPECT_EQ(0u, lines[0].find(traceLineStart("exit")));
 }
 
 TEST_F(VexplotTest, WithoutDataTheRunEndsInTheHostsDefaultState) {
@@ -271,7 +269,7 @@ TEST_F(VexplotTest, DemoDataSetMovesTheViewToFrameTheData) {
     runProbe("", {"--trace", "demo.jsonl"});
     runProbe("", {"--trace", "none.jsonl", "--data", "none"});
     const std::string demo = process.readFile("demo.jsonl");
-    EXPECT_EQ(0u, demo.find("{\"event\": \"exit\", \"view\": [")) << demo;
+    EXPECT_EQ(0u, demo.find(traceLineStart("exit"))) << demo;
     EXPECT_NE(demo, process.readFile("none.jsonl"));
 }
 
@@ -288,11 +286,10 @@ TEST_F(VexplotTest, ExportLogGoesToStandardError) {
         {"--data", "none"});
     EXPECT_EQ(0, result.exitStatus) << result.err;
     // vexplot writes real movies.
-    EXPECT_EQ(
-        "Export started: format 21, 800 x 600 pixels, to \"film.mp4\".\n"
-        "Wrote 3 frames of 800 x 600 at 10 fps as H.264 in MP4 to \"film.mp4\".\n"
-        "Probe heard the shutdown.\n",
-        result.err);
+    EXPECT_EQ(exportStartedLine(21, 800, 600, "film.mp4") + "\n" +
+                  movieWrittenLine(3, 800, 600, 10, "H.264 in MP4", "film.mp4") + "\n" +
+                  "Probe heard the shutdown.\n",
+              result.err);
     EXPECT_TRUE(process.exists("film.mp4"));
 }
 

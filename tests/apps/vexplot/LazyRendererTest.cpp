@@ -8,27 +8,20 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/RecordingRenderer.h"
+
 namespace {
 
 using vexplot::app::LazyRenderer;
 
-// Draws pictures filled with one grey level, so the test sees which renderer drew.
-class GreyRenderer : public vexhost::Renderer {
-public:
-    vexhost::Image render(const vexhost::SceneState&, int width, int height, int) override {
-        vexhost::Image image;
-        image.width = width;
-        image.height = height;
-        image.rgb.assign(static_cast<std::size_t>(width) * height * 3, 128);
-        return image;
-    }
-};
+// Draws pictures of grey level 128, so the test sees which renderer drew.
+using vextest::RecordingRenderer;
 
 TEST(LazyRendererTest, RendererIsMadeWithTheFirstPictureOnly) {
     int made = 0;
     LazyRenderer renderer([&made] {
         ++made;
-        return std::make_unique<GreyRenderer>();
+        return std::make_unique<RecordingRenderer>();
     });
     EXPECT_EQ(0, made);
     EXPECT_FALSE(renderer.isStarted());

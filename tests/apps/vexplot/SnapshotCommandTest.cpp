@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "support/RecordingRenderer.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/MacroError.h"
 #include "vexhost/MacroFileRunner.h"
@@ -21,23 +22,7 @@ namespace {
 
 using vexplot::app::SnapshotCommand;
 
-// Notes the supersample factor asked for and draws a grey picture of the size asked for.
-class GreyRenderer : public vexhost::Renderer {
-public:
-    explicit GreyRenderer(std::vector<int>& factors) : factors_(factors) {}
-    vexhost::Image render(const vexhost::SceneState&, int width, int height,
-                          int supersample) override {
-        factors_.push_back(supersample);
-        vexhost::Image image;
-        image.width = width;
-        image.height = height;
-        image.rgb.assign(static_cast<std::size_t>(width) * height * 3, 128);
-        return image;
-    }
-
-private:
-    std::vector<int>& factors_;
-};
+using vextest::RecordingRenderer;
 
 // The width and height a PNG file's header gives, or {0, 0} when it is not a PNG file.
 std::pair<uint32_t, uint32_t> pngSize(const std::string& path) {
@@ -58,7 +43,7 @@ class SnapshotCommandTest : public vextest::HostTest {
 protected:
     void SetUp() override {
         HostTest::SetUp();
-        host().drawing().setRenderer(std::make_unique<GreyRenderer>(factors_));
+        host().drawing().setRenderer(std::make_unique<RecordingRenderer>(&calls_));
         createFrame3D().setPosAndSize(1, 1, 2.9, 1.5);  // 290 x 150 pixels
     }
 
@@ -72,14 +57,17 @@ protected:
     }
 
     vextest::TemporaryDirectory directory_;
-    std::vector<int> factors_;
+    // The supersample factors of the pictures drawn, in order.
+    std::vector<int> factors() const { return RecordingRenderer::supersamples(calls_); }
+
+    std::vector<RecordingRenderer::Call> calls_;
 };
 
 TEST_F(SnapshotCommandTest, WritesThePictureOfTheActiveFrameAtItsPixelSize) {
     const std::string file = directory_.file("still.png");
     SnapshotCommand::run(host(), "\"" + file + "\"");
     EXPECT_EQ(pngSize(file), (std::pair<uint32_t, uint32_t>{290, 150}));
-    EXPECT_EQ(factors_, std::vector<int>{1});
+    EXPECT_EQ(factors(), std::vector<int>{1});
     EXPECT_EQ(host().drawing().drawnFrames(), 0u) << "a snapshot is not a redraw";
 }
 
@@ -87,7 +75,7 @@ TEST_F(SnapshotCommandTest, SupersampleDrawsAtThatFactorAndKeepsTheFramesSize) {
     const std::string file = directory_.file("smooth.png");
     SnapshotCommand::run(host(), "\"" + file + "\" supersample=3");
     EXPECT_EQ(pngSize(file), (std::pair<uint32_t, uint32_t>{290, 150}));
-    EXPECT_EQ(factors_, std::vector<int>{3});
+    EXPECT_EQ(factors(), std::vector<int>{3});
 }
 
 TEST_F(SnapshotCommandTest, ReplacesAnEarlierFile) {
@@ -139,7 +127,7 @@ TEST_P(BadSnapshotTest, IsRefusedNamingWhatWasWrongAndWritesNothing) {
     EXPECT_EQ(fail(GetParam().arguments), GetParam().message);
     std::filesystem::current_path(before);
     EXPECT_TRUE(std::filesystem::is_empty(directory_.path()));
-    EXPECT_TRUE(factors_.empty()) << "nothing was drawn";
+    EXPECT_TRUE(calls_.empty()) << "nothing was drawn";
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryFault, BadSnapshotTest, ::testing::ValuesIn(BadSnapshots),

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "support/CallLogLines.h"
 #include "support/HostTest.h"
 #include "vxappaddonuiaction.h"
 #include "vxsdkbase.h"
@@ -40,18 +41,17 @@ TEST_F(CallLogTest, CallsAreLoggedWithTheirArgumentsInOrder) {
     double x, y, z;
     VexUtilThreeDViewGetViewerPos(&x, &y, &z);
     VexUtilLockFinish(addOn_);
-    EXPECT_EQ(
-        takeCallLog(),
-        (Log{"VexUtilLockStart(\"Key Frame Animation\")", "VexUtilViewRotate3D(5, -10, 0, 0, 0, 0)",
-             "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"PSIAngle\", 30)",
-             "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"ViewerPosition\", \"X\", 0.1)",
-             "VexUtilStyleGetLowLevelX(\"ThreeDView\", \"DrawInPerspective\")",
-             "VexUtilStyleSetLowLevelX(\"Interface\", \"UseDisplayLists\", false)",
-             "VexUtilStyleSetLowLevelX(\"ExportSetup\", \"ImageWidth\", 640)",
-             "VexUtilStatusStartPercentDone(\"Animating.... Press [Esc] or click [Stop] to "
-             "cancel.\", true, true)",
-             "VexUtilStatusCheckPercentDone(14)", "VexUtilStatusFinishPercentDone()",
-             "VexUtilThreeDViewGetViewerPos()", "VexUtilLockFinish(\"Key Frame Animation\")"}));
+    EXPECT_EQ(takeCallLog(),
+              (Log{vextest::addOnLockStart(), "VexUtilViewRotate3D(5, -10, 0, 0, 0, 0)",
+                   "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"PSIAngle\", 30)",
+                   "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"ViewerPosition\", \"X\", 0.1)",
+                   "VexUtilStyleGetLowLevelX(\"ThreeDView\", \"DrawInPerspective\")",
+                   "VexUtilStyleSetLowLevelX(\"Interface\", \"UseDisplayLists\", false)",
+                   "VexUtilStyleSetLowLevelX(\"ExportSetup\", \"ImageWidth\", 640)",
+                   "VexUtilStatusStartPercentDone(\"Animating.... Press [Esc] or click [Stop] to "
+                   "cancel.\", true, true)",
+                   "VexUtilStatusCheckPercentDone(14)", "VexUtilStatusFinishPercentDone()",
+                   "VexUtilThreeDViewGetViewerPos()", vextest::addOnLockFinish()}));
 }
 
 TEST_F(CallLogTest, StringsAreQuotedWithEscapesAndNullIsNull) {
@@ -69,15 +69,14 @@ TEST_F(CallLogTest, StringsAreQuotedWithEscapesAndNullIsNull) {
     VexUtilExportSetup("AnimationSpeed", nullptr, 12.5, 0);
     VexUtilLockFinish(addOn_);
     VexUtilStringAlloc(30, "tag");
-    EXPECT_EQ(
-        takeCallLog(),
-        (Log{"VexUtilDialogMessageBox(\"Click \\\"No\\\" to restore\\nthe extension.\", 4)",
-             "VexUtilDialogGetFileName(3, \"Key Frame Animation\", \"animation\", "
-             "\"*.keyframe\")",
-             "VexUtilStringDealloc(\"a.keyframe\")", "VexUtilLockStart(\"Key Frame Animation\")",
-             "VexUtilExportSetup(\"ExportFName\", NULL, 0, \"movie.mp4\")",
-             "VexUtilExportSetup(\"AnimationSpeed\", NULL, 12.5, 0)",
-             "VexUtilLockFinish(\"Key Frame Animation\")", "VexUtilStringAlloc(30, \"tag\")"}));
+    EXPECT_EQ(takeCallLog(),
+              (Log{"VexUtilDialogMessageBox(\"Click \\\"No\\\" to restore\\nthe extension.\", 4)",
+                   "VexUtilDialogGetFileName(3, \"Key Frame Animation\", \"animation\", "
+                   "\"*.keyframe\")",
+                   "VexUtilStringDealloc(\"a.keyframe\")", vextest::addOnLockStart(),
+                   "VexUtilExportSetup(\"ExportFName\", NULL, 0, \"movie.mp4\")",
+                   "VexUtilExportSetup(\"AnimationSpeed\", NULL, 12.5, 0)",
+                   vextest::addOnLockFinish(), "VexUtilStringAlloc(30, \"tag\")"}));
     host().memory().reset();  // the string above is left on purpose
 }
 

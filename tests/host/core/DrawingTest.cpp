@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "support/FailingRenderer.h"
 #include "support/HostTest.h"
+#include "support/RecordingRenderer.h"
 #include "vexhost/Renderer.h"
 #include "vxsdkbase.h"
 
@@ -13,34 +15,8 @@ namespace {
 
 using vextest::ScopedLock;
 
-// A renderer for the host's picture seam that notes what it was asked to draw.
-class RecordingRenderer : public vexhost::Renderer {
-public:
-    struct Call {
-        vexhost::SceneState scene;
-        int width, height, supersample;
-    };
-    explicit RecordingRenderer(std::vector<Call>& calls) : calls_(calls) {}
-    vexhost::Image render(const vexhost::SceneState& scene, int width, int height,
-                          int supersample) override {
-        calls_.push_back({scene, width, height, supersample});
-        vexhost::Image image;
-        image.width = width;
-        image.height = height;
-        image.rgb.assign(static_cast<std::size_t>(width * height * 3), 7);
-        return image;
-    }
-
-private:
-    std::vector<Call>& calls_;
-};
-
-class FailingRenderer : public vexhost::Renderer {
-public:
-    vexhost::Image render(const vexhost::SceneState&, int, int, int) override {
-        throw std::runtime_error("no context");
-    }
-};
+using vextest::FailingRenderer;
+using vextest::RecordingRenderer;
 
 class DrawingTest : public vextest::HostTest {
 protected:
@@ -84,7 +60,7 @@ TEST_F(DrawingTest, RedrawWhileDrawingDrawsAFrameAndWhileSuspendedNothing) {
 
 TEST_F(DrawingTest, RedrawKeepsTheSceneOfThatMomentAndDrawsItWhenThePictureIsAskedFor) {
     std::vector<RecordingRenderer::Call> calls;
-    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(calls));
+    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(&calls));
     createFrame3D().view().setWidth(3.5);
     host().dataSet().setSolutionTime(2);
     {
@@ -106,7 +82,7 @@ TEST_F(DrawingTest, RedrawKeepsTheSceneOfThatMomentAndDrawsItWhenThePictureIsAsk
 
 TEST_F(DrawingTest, OnScreenRedrawsMakeNoPictureNobodyLooksAt) {
     std::vector<RecordingRenderer::Call> calls;
-    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(calls));
+    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(&calls));
     createFrame3D();
     {
         ScopedLock lock(addOn_);
@@ -123,7 +99,7 @@ TEST_F(DrawingTest, OnScreenRedrawsMakeNoPictureNobodyLooksAt) {
 
 TEST_F(DrawingTest, PictureOfTheCurrentSceneIsDrawnAtOnce) {
     std::vector<RecordingRenderer::Call> calls;
-    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(calls));
+    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(&calls));
     createFrame3D().view().setWidth(4.5);
     const vexhost::Image picture = host().drawing().picture(64, 48, 3);
     EXPECT_EQ(picture.width, 64);
@@ -134,7 +110,7 @@ TEST_F(DrawingTest, PictureOfTheCurrentSceneIsDrawnAtOnce) {
 }
 
 TEST_F(DrawingTest, RendererFailureIsAHostErrorNotAnException) {
-    host().drawing().setRenderer(std::make_unique<FailingRenderer>());
+    host().drawing().setRenderer(std::make_unique<FailingRenderer>("no context"));
     createFrame3D();
     {
         ScopedLock lock(addOn_);

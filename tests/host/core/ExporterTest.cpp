@@ -5,7 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "support/ExportLogLines.h"
+#include "support/FailingRenderer.h"
 #include "support/HostTest.h"
+#include "support/RecordingRenderer.h"
 #include "support/SdkPrinters.h"
 #include "vexhost/MovieWriter.h"
 #include "vexhost/Renderer.h"
@@ -52,23 +55,8 @@ private:
     bool failOpen_;
 };
 
-class SizeRenderer : public vexhost::Renderer {
-public:
-    vexhost::Image render(const vexhost::SceneState&, int width, int height, int) override {
-        vexhost::Image image;
-        image.width = width;
-        image.height = height;
-        image.rgb.resize(static_cast<std::size_t>(width * height * 3));
-        return image;
-    }
-};
-
-class FailingRenderer : public vexhost::Renderer {
-public:
-    vexhost::Image render(const vexhost::SceneState&, int, int, int) override {
-        throw std::runtime_error("Cannot start OpenGL rendering: no display");
-    }
-};
+using vextest::FailingRenderer;
+using vextest::RecordingRenderer;
 
 class ExporterTest : public vextest::HostTest {
 protected:
@@ -187,7 +175,7 @@ TEST_F(ExporterTest, DefaultWriterWritesNoMovieAndSaysSo) {
     ASSERT_TRUE(VexUtilExportFinish());
     EXPECT_EQ(host().exporter().log(),
               (std::vector<std::string>{
-                  "Export started: format 21, 800 x 600 pixels, to \"film.mp4\".",
+                  vextest::exportStartedLine(21, 800, 600, "film.mp4"),
                   "No movie written to \"film.mp4\": this host has no movie encoder (2 frames of "
                   "800 x 600 pixels)."}));
 }
@@ -236,7 +224,8 @@ TEST_F(ExporterTest, FactoryThatRefusesTheSetupRefusesTheStartWithADialog) {
 
 TEST_F(ExporterTest, FirstPictureThatCannotBeDrawnRefusesTheStartAndLeavesNoMovie) {
     useRecordingWriter();
-    host().drawing().setRenderer(std::make_unique<FailingRenderer>());
+    host().drawing().setRenderer(
+        std::make_unique<FailingRenderer>("Cannot start OpenGL rendering: no display"));
     ScopedLock lock(addOn_);
     EXPECT_FALSE(VexUtilExportStart());
     EXPECT_FALSE(VexUtilExportIsRecording());
@@ -258,7 +247,7 @@ TEST_F(ExporterTest, WriterFailingLaterIsToldOnceAndTheFinishWritesNoMovie) {
     EXPECT_EQ(record_.calls, (std::vector<std::string>{"open", "frame", "frame", "cancel"}));
     EXPECT_EQ(host().dialogs().errorMessages(), std::vector<std::string>{"The disk is full."});
     EXPECT_EQ(host().exporter().log(),
-              (std::vector<std::string>{"Export started: format 21, 800 x 600 pixels, to \"\".",
+              (std::vector<std::string>{vextest::exportStartedLine(21, 800, 600, ""),
                                         "Export failed while adding frame 2: The disk is full.",
                                         "Export failed after 3 frames; no movie written."}));
     EXPECT_EQ(host().exporter().counts().frames, 3u);
@@ -286,7 +275,7 @@ TEST_F(ExporterTest, StartWithoutAFrameIsAHostError) {
 
 TEST_F(ExporterTest, PicturesHaveTheImageWidthAndTheRegionsShape) {
     useRecordingWriter();
-    host().drawing().setRenderer(std::make_unique<SizeRenderer>());
+    host().drawing().setRenderer(std::make_unique<RecordingRenderer>());
     setup("ImageWidth", 0, 400);
     {
         ScopedLock lock(addOn_);
@@ -332,23 +321,8 @@ TEST_F(ExporterTest, HeightIsTheNearestEvenOneForCodecsThatTakeEvenSizesOnly) {
 
 TEST_F(ExporterTest, EveryPictureIsDrawnWithTheSupersampleFactorWhenAntialiasingIsOn) {
     useRecordingWriter();
-    std::vector<int> factors;
-    class FactorRenderer : public vexhost::Renderer {
-    public:
-        explicit FactorRenderer(std::vector<int>& factors) : factors_(factors) {}
-        vexhost::Image render(const vexhost::SceneState&, int width, int height,
-                              int supersample) override {
-            factors_.push_back(supersample);
-            vexhost::Image image;
-            image.width = width;
-            image.height = height;
-            return image;
-        }
-
-    private:
-        std::vector<int>& factors_;
-    };
-    host().drawing().setRenderer(std::make_unique<FactorRenderer>(factors));
+    std::vector<RecordingRenderer::Call> calls;
+    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(&calls));
     setup("UseSuperSampleAntiAliasing", 0, 1);
     setup("SuperSampleFactor", 0, 4);
     {
@@ -363,7 +337,7 @@ TEST_F(ExporterTest, EveryPictureIsDrawnWithTheSupersampleFactorWhenAntialiasing
         ASSERT_TRUE(VexUtilExportStart());
         VexUtilExportFinish();
     }
-    EXPECT_EQ(factors, (std::vector<int>{4, 4, 1}));
+    EXPECT_EQ(RecordingRenderer::supersamples(calls), (std::vector<int>{4, 4, 1}));
 }
 
 TEST_F(ExporterTest, ResetCancelsAnOpenExport) {

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "support/TemporaryDirectory.h"
+#include "support/TraceLines.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 
@@ -24,14 +26,8 @@ std::string readFile(const std::string& path) {
 
 class FrameTraceTest : public vextest::HostTest {
 protected:
-    void SetUp() override {
-        HostTest::SetUp();
-        path_ = ::testing::TempDir() + "vexhost_trace_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".jsonl";
-    }
     void TearDown() override {
         host().trace().close();
-        std::remove(path_.c_str());
         HostTest::TearDown();
     }
 
@@ -54,7 +50,8 @@ protected:
         StyleValue("StreamAttributes", "StreamTiming", "TimeAnchor").set(0.1);
     }
 
-    std::string path_;
+    const vextest::TemporaryDirectory directory_{"vexhost-trace"};
+    const std::string path_ = directory_.file("trace.jsonl");
 };
 
 TEST_F(FrameTraceTest, RedrawWritesOneLineByteForByte) {
@@ -66,10 +63,14 @@ TEST_F(FrameTraceTest, RedrawWritesOneLineByteForByte) {
         VexUtilRedraw(true);
     }
     host().trace().close();
-    EXPECT_EQ(readFile(path_),
-              "{\"event\": \"redraw\", \"view\": [1, 2.5, -3, 30, 45, 0, 10], \"perspective\": "
-              "false, \"solutionTime\": 0.25, \"intensity\": 50, \"backgroundLight\": 12.5, "
-              "\"axisShow\": false, \"timeAnchor\": 0.1}\n");
+    vextest::TraceFields fields;
+    fields.view = {1, 2.5, -3, 30, 45, 0, 10};
+    fields.solutionTime = 0.25;
+    fields.intensity = 50;
+    fields.backgroundLight = 12.5;
+    fields.axisShow = false;
+    fields.timeAnchor = 0.1;
+    EXPECT_EQ(readFile(path_), vextest::traceLine("redraw", fields) + "\n");
 }
 
 TEST_F(FrameTraceTest, ExportEventsAndExitAreTraced) {
@@ -93,11 +94,12 @@ TEST_F(FrameTraceTest, ExportEventsAndExitAreTraced) {
     std::istringstream lines(readFile(path_));
     std::vector<std::string> events;
     for (std::string line; std::getline(lines, line);)
-        events.push_back(line.substr(0, line.find(',')));
-    EXPECT_EQ(events, (std::vector<std::string>{
-                          "{\"event\": \"export-start\"", "{\"event\": \"export-frame\"",
-                          "{\"event\": \"export-finish\"", "{\"event\": \"export-start\"",
-                          "{\"event\": \"export-cancel\"", "{\"event\": \"exit\""}));
+        events.push_back(line.substr(0, line.find('[') + 1));
+    std::vector<std::string> expected;
+    for (const char* event :
+         {"export-start", "export-frame", "export-finish", "export-start", "export-cancel", "exit"})
+        expected.push_back(vextest::traceLineStart(event));
+    EXPECT_EQ(events, expected);
 }
 
 TEST_F(FrameTraceTest, TwoRunsThatReachTheSameStateWriteTheSameBytes) {

@@ -1,7 +1,9 @@
 // Movies written through the writers the factory makes, read back with ffprobe.
 #include "vexhost/MovieWriterFactory.h"
 
+#include "support/ExportLogLines.h"
 #include "support/MovieProbe.h"
+#include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -93,21 +95,6 @@ private:
 
 class MovieWriterFactoryTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-        std::string name = std::string(test->test_suite_name()) + "-" + test->name();
-        for (char& c : name) {
-            if (c == '/') {
-                c = '-';
-            }
-        }
-        directory_ =
-            fs::temp_directory_path() / ("vexhost-movie-" + std::to_string(getpid()) + "-" + name);
-        fs::remove_all(directory_);
-        fs::create_directories(directory_);
-    }
-    void TearDown() override { fs::remove_all(directory_); }
-
     ExportSettings settingsFor(const MovieCase& c, const std::string& fileName) const {
         ExportSettings settings;
         settings.format = c.format;
@@ -129,7 +116,8 @@ protected:
         lastSummary_ = writer->summary();
     }
 
-    fs::path directory_;
+    const vextest::TemporaryDirectory scratch_{"vexhost-movie"};
+    const fs::path directory_ = scratch_.path();
     std::string lastSummary_;
 };
 
@@ -150,7 +138,7 @@ TEST_P(MovieFormatTest, WritesAMovieThatReadsBackAsSetUp) {
     EXPECT_EQ(values["height"], "48");
     EXPECT_EQ(values["r_frame_rate"], "10/1");
     EXPECT_EQ(values["nb_read_frames"], "5");
-    EXPECT_NE(lastSummary_.find("Wrote 5 frames of 64 x 48 at 10 fps"), std::string::npos)
+    EXPECT_NE(lastSummary_.find(vextest::wroteFrames(5, 64, 48, 10)), std::string::npos)
         << lastSummary_;
     EXPECT_NE(lastSummary_.find(settings.fileName), std::string::npos) << lastSummary_;
 }

@@ -1,4 +1,4 @@
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -7,6 +7,8 @@
 
 #include "addon/KeyFrameError.h"
 #include "animation/AnimationManager.h"
+#include "support/CallLogLines.h"
+#include "support/KeyFrameData.h"
 #include "vexhost/Host.h"
 
 namespace vextest {
@@ -14,29 +16,24 @@ namespace vextest {
 using vexplot::vexutiltools::AnimationManager;
 using vexplot::vexutiltools::KeyFrameError;
 
-void AnimationTest::SetUp() {
+void AnimationFixture::SetUp() {
     AddOnTest::SetUp();
     createFrame3D();
 }
 
-AnimationTest::KeyFrameView_s AnimationTest::viewWithAngles(double psi, double theta,
-                                                            double alpha) {
+AnimationFixture::KeyFrameView_s AnimationFixture::viewWithAngles(double psi, double theta,
+                                                                  double alpha) {
     const vexhost::View3D defaults;
     const auto& p = defaults.position();
     return KeyFrameView_s{p[0], p[1], p[2], psi, theta, alpha, defaults.width()};
 }
 
-AnimationTest::KeyFrame_s AnimationTest::keyFrame(const KeyFrameView_s& view, uint64_t frameCount,
-                                                  double solutionTime) {
-    KeyFrame_s keyFrame;
-    keyFrame.view = view;
-    keyFrame.name = "View";
-    keyFrame.frameCount = frameCount;
-    keyFrame.solutionTime = solutionTime;
-    return keyFrame;
+AnimationFixture::KeyFrame_s AnimationFixture::keyFrame(const KeyFrameView_s& view,
+                                                        uint64_t frameCount, double solutionTime) {
+    return vextest::keyFrame("View", view, frameCount, solutionTime);
 }
 
-std::vector<AnimationTest::KeyFrame_s> AnimationTest::keyFramesWithPsi(
+std::vector<AnimationFixture::KeyFrame_s> AnimationFixture::keyFramesWithPsi(
     const std::vector<double>& psiOf, const std::vector<uint64_t>& frameCounts) {
     std::vector<KeyFrame_s> keyFrames;
     for (std::size_t i = 0; i < psiOf.size(); ++i)
@@ -44,7 +41,7 @@ std::vector<AnimationTest::KeyFrame_s> AnimationTest::keyFramesWithPsi(
     return keyFrames;
 }
 
-std::vector<AnimationTest::KeyFrame_s> AnimationTest::keyFramesWithCounts(
+std::vector<AnimationFixture::KeyFrame_s> AnimationFixture::keyFramesWithCounts(
     const std::vector<uint64_t>& frameCounts) {
     std::vector<KeyFrame_s> keyFrames;
     for (std::size_t i = 0; i < frameCounts.size(); ++i) {
@@ -56,7 +53,7 @@ std::vector<AnimationTest::KeyFrame_s> AnimationTest::keyFramesWithCounts(
     return keyFrames;
 }
 
-RestoredState AnimationTest::restoredState() const {
+RestoredState AnimationFixture::restoredState() const {
     const vexhost::StyleStore& style = host().style();
     RestoredState state;
     state.useDisplayLists = style.getBool({"Interface", "UseDisplayLists"});
@@ -67,7 +64,7 @@ RestoredState AnimationTest::restoredState() const {
     return state;
 }
 
-void AnimationTest::expectRestored(const RestoredState& before) const {
+void AnimationFixture::expectRestored(const RestoredState& before) const {
     const RestoredState after = restoredState();
     EXPECT_EQ(before.useDisplayLists, after.useDisplayLists) << "UseDisplayLists";
     EXPECT_EQ(before.intensity, after.intensity) << "light source intensity";
@@ -80,9 +77,9 @@ void AnimationTest::expectRestored(const RestoredState& before) const {
     EXPECT_FALSE(host().progress().isOpen()) << "the status is still open";
 }
 
-std::string AnimationTest::animateError(const std::vector<KeyFrame_s>& keyFrames, uint64_t first,
-                                        uint64_t count, const AnimationSettings_s& settings,
-                                        int32_t suppressRecording) {
+std::string AnimationFixture::animateError(const std::vector<KeyFrame_s>& keyFrames, uint64_t first,
+                                           uint64_t count, const AnimationSettings_s& settings,
+                                           int32_t suppressRecording) {
     try {
         AnimationManager::animate(keyFrames, first, count, settings, suppressRecording);
     } catch (const KeyFrameError& error) {
@@ -91,7 +88,7 @@ std::string AnimationTest::animateError(const std::vector<KeyFrame_s>& keyFrames
     return "";
 }
 
-double AnimationTest::loggedValue(const std::string& line) {
+double AnimationFixture::loggedValue(const std::string& line) {
     const std::size_t comma = line.rfind(", ");
     const std::size_t start = comma == std::string::npos ? line.find('(') + 1 : comma + 2;
     const std::string text = line.substr(start, line.size() - 1 - start);
@@ -100,12 +97,12 @@ double AnimationTest::loggedValue(const std::string& line) {
     return std::strtod(text.c_str(), nullptr);
 }
 
-bool AnimationTest::startsWith(const std::string& line, const std::string& prefix) {
+bool AnimationFixture::startsWith(const std::string& line, const std::string& prefix) {
     return line.compare(0, prefix.size(), prefix) == 0;
 }
 
-std::vector<std::string> AnimationTest::linesStartingWith(const std::vector<std::string>& log,
-                                                          const std::string& prefix) {
+std::vector<std::string> AnimationFixture::linesStartingWith(const std::vector<std::string>& log,
+                                                             const std::string& prefix) {
     std::vector<std::string> lines;
     for (const std::string& line : log)
         if (startsWith(line, prefix))
@@ -113,8 +110,8 @@ std::vector<std::string> AnimationTest::linesStartingWith(const std::vector<std:
     return lines;
 }
 
-std::vector<std::string> AnimationTest::logFrom(const std::vector<std::string>& log,
-                                                const std::string& prefix) {
+std::vector<std::string> AnimationFixture::logFrom(const std::vector<std::string>& log,
+                                                   const std::string& prefix) {
     for (std::size_t i = 0; i < log.size(); ++i)
         if (startsWith(log[i], prefix))
             return std::vector<std::string>(log.begin() + static_cast<std::ptrdiff_t>(i),
@@ -122,13 +119,14 @@ std::vector<std::string> AnimationTest::logFrom(const std::vector<std::string>& 
     return {};
 }
 
-std::vector<double> AnimationTest::psiAtEachRedraw(const std::vector<std::string>& log) {
+std::vector<double> AnimationFixture::psiAtEachRedraw(const std::vector<std::string>& log) {
     std::vector<double> psi;
     double last = std::numeric_limits<double>::quiet_NaN();
     for (const std::string& line : log) {
-        if (startsWith(line, "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"PSIAngle\""))
+        if (startsWith(line, vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                                    {"ThreeDView", "PSIAngle"})))
             last = loggedValue(line);
-        else if (startsWith(line, "VexUtilRedraw("))
+        else if (startsWith(line, vextest::callLineStart("VexUtilRedraw")))
             psi.push_back(last);
     }
     return psi;

@@ -1,4 +1,4 @@
-#include "KeyFrameFileTestSupport.h"
+#include "KeyFrameFileFixture.h"
 
 #include <fstream>
 #include <iterator>
@@ -8,6 +8,7 @@
 #include "addon/KeyFrameError.h"
 #include "file/FileSystemPath.h"
 #include "file/KeyFrameFile.h"
+#include "support/KeyFrameData.h"
 
 namespace vexplot {
 namespace vexutiltools {
@@ -43,28 +44,12 @@ const char* const ExampleFileText =
     "%KeyFrameView";
 
 std::vector<KeyFrame_s> exampleKeyFrames() {
-    KeyFrame_s front;
-    front.view = KeyFrameView_s{1.5, -20, 3.25, 30, 45, 0, 12.345678};
-    front.name = "Front view";
-    front.frameCount = 20;
-    front.solutionTime = 0;
-    KeyFrame_s top;
-    top.view = KeyFrameView_s{0, 0, 50, 0, 0, 0, 10};
-    top.name = "Top";
-    top.frameCount = 1;
-    top.solutionTime = 0.5;
-    return {front, top};
+    return {vextest::keyFrame("Front view", {1.5, -20, 3.25, 30, 45, 0, 12.345678}, 20, 0),
+            vextest::keyFrame("Top", {0, 0, 50, 0, 0, 0, 10}, 1, 0.5)};
 }
 
 AnimationSettings_s exampleSettings() {
-    AnimationSettings_s settings;
-    settings.AnimateTime = false;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::Forward;
-    settings.NumCycles = 1;
-    settings.AnimateStreamtraces = false;
-    settings.FadeIn = false;
-    settings.FadeOut = true;
-    return settings;
+    return vextest::animationSettings(vextest::option::FadeOut);
 }
 
 std::string lineError(const std::string& text, int lineNumber) {
@@ -72,67 +57,45 @@ std::string lineError(const std::string& text, int lineNumber) {
            "\n\nError occurred on line number " + std::to_string(lineNumber) + ".";
 }
 
-void KeyFrameFileTest::SetUp() {
+void KeyFrameFileFixture::SetUp() {
     AddOnTest::SetUp();
     model_.addObserver(&observer_);
     resetState();
 }
 
-void KeyFrameFileTest::resetState() {
-    settings_ = stateBeforeSettings();
-    model_.setItems(stateBeforeKeyFrames());
+void KeyFrameFileFixture::resetState() {
+    settings_ = vextest::settingsUnlikeAnyDefault();
+    model_.setItems(vextest::keyFramesUnlikeAnyDefault());
     observer_.changes.clear();
 }
 
-void KeyFrameFileTest::expectStateUntouched() const {
-    EXPECT_EQ(settings_, stateBeforeSettings()) << "the settings changed in a failing read";
-    EXPECT_EQ(model_.getItems(), stateBeforeKeyFrames()) << "the list changed in a failing read";
+void KeyFrameFileFixture::expectStateUntouched() const {
+    EXPECT_EQ(settings_, vextest::settingsUnlikeAnyDefault())
+        << "the settings changed in a failing read";
+    EXPECT_EQ(model_.getItems(), vextest::keyFramesUnlikeAnyDefault())
+        << "the list changed in a failing read";
     EXPECT_TRUE(observer_.changes.empty()) << "the list told its observers of a failing read";
 }
 
-void KeyFrameFileTest::TearDown() {
+void KeyFrameFileFixture::TearDown() {
     model_.removeObserver(&observer_);
     AddOnTest::TearDown();
 }
 
-std::string KeyFrameFileTest::createFile(const std::string& content,
-                                         const std::string& name) const {
+std::string KeyFrameFileFixture::createFile(const std::string& content,
+                                            const std::string& name) const {
     const std::string fileName = directory_.file(name);
     std::ofstream out(fileSystemPath(fileName), std::ios::binary);
     out << content;
     return fileName;
 }
 
-std::string KeyFrameFileTest::contentOf(const std::string& fileName) {
+std::string KeyFrameFileFixture::contentOf(const std::string& fileName) {
     std::ifstream in(fileSystemPath(fileName), std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-AnimationSettings_s KeyFrameFileTest::stateBeforeSettings() {
-    AnimationSettings_s settings;
-    settings.AnimateTime = true;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::Bounce;
-    settings.NumCycles = 7;
-    settings.Destination = Destination_e::ToFile;
-    settings.AnimateStreamtraces = true;
-    settings.FadeIn = true;
-    settings.FadeOut = false;
-    return settings;
-}
-
-std::vector<KeyFrame_s> KeyFrameFileTest::stateBeforeKeyFrames() {
-    KeyFrame_s first;
-    first.view = KeyFrameView_s{7, 8, 9, 10, 11, 12, 13};
-    first.name = "Before 1";
-    first.frameCount = 4;
-    first.solutionTime = 2.5;
-    KeyFrame_s second = first;
-    second.name = "Before 2";
-    second.view.X = -7;
-    return {first, second};
-}
-
-ReadFailure KeyFrameFileTest::readFailing(const std::string& fileName) {
+ReadFailure KeyFrameFileFixture::readFailing(const std::string& fileName) {
     ReadFailure failure{"", ""};
     try {
         KeyFrameFile().read(fileName, settings_, model_);
