@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "support/FailingRenderer.h"
-#include "support/HostTest.h"
 #include "support/RecordingRenderer.h"
+#include "support/RegisteredAddOnFixture.h"
 #include "vexhost/Renderer.h"
 #include "vxsdkbase.h"
 
@@ -18,14 +18,7 @@ using vextest::ScopedLock;
 using vextest::FailingRenderer;
 using vextest::RecordingRenderer;
 
-class DrawingTest : public vextest::HostTest {
-protected:
-    void SetUp() override {
-        HostTest::SetUp();
-        addOn_ = registerAddOn();
-    }
-    VexAddOn_pa addOn_ = nullptr;
-};
+using DrawingTest = vextest::RegisteredAddOnFixture;
 
 TEST_F(DrawingTest, SuspensionsNest) {
     ScopedLock lock(addOn_);

@@ -7,8 +7,8 @@
 
 #include "support/ExportLogLines.h"
 #include "support/FailingRenderer.h"
-#include "support/HostTest.h"
 #include "support/RecordingRenderer.h"
+#include "support/RegisteredAddOnFixture.h"
 #include "support/SdkPrinters.h"
 #include "vexhost/MovieWriter.h"
 #include "vexhost/Renderer.h"
@@ -58,11 +58,10 @@ private:
 using vextest::FailingRenderer;
 using vextest::RecordingRenderer;
 
-class ExporterTest : public vextest::HostTest {
+class ExporterTest : public vextest::RegisteredAddOnFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
-        addOn_ = registerAddOn();
+        RegisteredAddOnFixture::SetUp();
         createFrame3D();
     }
     void useRecordingWriter(bool failOpen = false) {
@@ -75,7 +74,6 @@ protected:
         return VexUtilExportSetup(attribute, nullptr, d, i);
     }
 
-    VexAddOn_pa addOn_ = nullptr;
     WriterRecord record_;
 };
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/RegisteredAddOnFixture.h"
 #include "support/SdkPrinters.h"
 #include "vxsdkbase.h"
 
@@ -11,13 +11,8 @@ namespace {
 
 using vextest::ScopedLock;
 
-class FrameStackTest : public vextest::HostTest {
+class FrameStackTest : public vextest::RegisteredAddOnFixture {
 protected:
-    void SetUp() override {
-        HostTest::SetUp();
-        addOn_ = registerAddOn();
-    }
-
     // The unique ids from the top of the stack down.
     std::vector<VexUniqueID_t> order() {
         std::vector<VexUniqueID_t> ids;
@@ -25,8 +20,6 @@ protected:
             ids.push_back(host().frames().at(static_cast<std::size_t>(i)).uniqueId());
         return ids;
     }
-
-    VexAddOn_pa addOn_ = nullptr;
 };
 
 using Ids = std::vector<VexUniqueID_t>;

@@ -3,21 +3,14 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/RegisteredAddOnFixture.h"
 #include "vxsdkbase.h"
 
 namespace {
 
 using vextest::ScopedLock;
 
-class MacroRecorderTest : public vextest::HostTest {
-protected:
-    void SetUp() override {
-        HostTest::SetUp();
-        addOn_ = registerAddOn();
-    }
-    VexAddOn_pa addOn_ = nullptr;
-};
+using MacroRecorderTest = vextest::RegisteredAddOnFixture;
 
 TEST_F(MacroRecorderTest, AddOnCommandIsRecordedAsTheLineThePlayerHandsBack) {
     host().macro().setRecording(true);

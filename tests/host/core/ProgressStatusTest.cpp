@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/RegisteredAddOnFixture.h"
 #include "vxsdkbase.h"
 
 namespace {
@@ -12,16 +12,15 @@ namespace {
 using vexhost::ProgressStatus;
 using vextest::ScopedLock;
 
-class ProgressStatusTest : public vextest::HostTest {
+class ProgressStatusTest : public vextest::RegisteredAddOnFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
-        addOn_ = registerAddOn();
+        RegisteredAddOnFixture::SetUp();
         lock_ = std::make_unique<ScopedLock>(addOn_);
     }
     void TearDown() override {
         lock_.reset();
-        HostTest::TearDown();
+        RegisteredAddOnFixture::TearDown();
     }
     std::vector<bool> check(int times) {
         std::vector<bool> answers;
@@ -30,7 +29,6 @@ protected:
         return answers;
     }
 
-    VexAddOn_pa addOn_ = nullptr;
     std::unique_ptr<ScopedLock> lock_;
 };
 

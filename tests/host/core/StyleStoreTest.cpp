@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/RegisteredAddOnFixture.h"
 #include "support/SdkPrinters.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
@@ -17,14 +17,7 @@ using vexplot::toolbox::ArgList;
 using vexplot::toolbox::StyleValue;
 using vextest::ScopedLock;
 
-class StyleStoreTest : public vextest::HostTest {
-protected:
-    void SetUp() override {
-        HostTest::SetUp();
-        addOn_ = registerAddOn();
-    }
-    VexAddOn_pa addOn_ = nullptr;
-};
+using StyleStoreTest = vextest::RegisteredAddOnFixture;
 
 struct DoubleDefault {
     StyleStore::Path path;

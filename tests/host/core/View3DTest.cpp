@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/RegisteredAddOnFixture.h"
 #include "vexhost/View3D.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
@@ -65,11 +65,10 @@ void expectNear(const Vector& actual, const Vector& expected, double tolerance) 
         EXPECT_NEAR(actual[i], expected[i], tolerance) << "component " << i;
 }
 
-class View3DTest : public vextest::HostTest {
+class View3DTest : public vextest::RegisteredAddOnFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
-        addOn_ = registerAddOn();
+        RegisteredAddOnFixture::SetUp();
         frame_ = &createFrame3D();
     }
 
@@ -82,7 +81,6 @@ protected:
         return VexUtilViewRotate3D(axis, degrees, vector[0], vector[1], vector[2], origin);
     }
 
-    VexAddOn_pa addOn_ = nullptr;
     vexhost::Frame* frame_ = nullptr;
 };
 
