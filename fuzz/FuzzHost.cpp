@@ -5,8 +5,7 @@
 
 #include "FuzzSupport.h"
 #include "addon/InitVexAddOn113.h"
-#include "file/KeyFrameFile.h"
-#include "model/ListModelKeyFrame.h"
+#include "support/KeyFrameData.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Host.h"
 
@@ -23,30 +22,9 @@ const ScratchDirectory& scratch() {
     return scratchDirectory();
 }
 
-KeyFrame_s keyFrame(const char* name, KeyFrameView_s view, uint64_t frameCount, double time) {
-    KeyFrame_s result;
-    result.view = view;
-    result.name = name;
-    result.frameCount = frameCount;
-    result.solutionTime = time;
-    return result;
-}
-
-std::vector<KeyFrame_s> shortFlight() {
-    return {keyFrame("Front", {8.66, -15, 10, 60, 30, 0, 10}, 6, 0.0),
-            keyFrame("Side", {15, 8.66, 10, 60, 120, 0, 12}, 5, 0.5),
-            keyFrame("Top", {0, 0, 20, 0, 0, 0, 8}, 1, 1.0)};
-}
-
+// Every stage of a run, time bouncing.
 AnimationSettings_s everyOption() {
-    AnimationSettings_s settings;
-    settings.AnimateTime = true;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::Bounce;
-    settings.NumCycles = 2;
-    settings.AnimateStreamtraces = true;
-    settings.FadeIn = true;
-    settings.FadeOut = true;
-    return settings;
+    return vextest::everyStage(TimeAnimationOperation_e::Bounce);
 }
 
 }  // namespace
@@ -74,14 +52,12 @@ void FuzzHost::reset() {
     host.style().setInt({"ExportSetup", "ImageWidth"}, 64);
     host.macro().setRecording(true);
 
-    ListModelKeyFrame model;
-    model.setItems(shortFlight());
-    KeyFrameFile().write(SmallFile, everyOption(), model);
-    KeyFrameFile().write(OtherFile, AnimationSettings_s(), model);
+    vextest::writeSettingsFile(SmallFile, vextest::smallFlight(), everyOption());
+    vextest::writeSettingsFile(OtherFile, vextest::smallFlight(), AnimationSettings_s());
 
     DialogMain& dialog = DialogMain::instance();
     dialog.getSettings() = everyOption();
-    dialog.getKeyFrameModel().setItems(shortFlight());
+    dialog.getKeyFrameModel().setItems(vextest::smallFlight());
     host.idleQueue().runUntilEmpty();
     expect(host.errors().empty(), "setting the host up made host errors");
 }

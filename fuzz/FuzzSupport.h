@@ -3,9 +3,6 @@
 #ifndef VEXFUZZ_FUZZSUPPORT_H
 #define VEXFUZZ_FUZZSUPPORT_H
 
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -13,6 +10,8 @@
 #include <string>
 #include <system_error>
 #include <vector>
+
+#include "support/TemporaryDirectory.h"
 
 namespace vexfuzz {
 
@@ -27,32 +26,27 @@ inline void expect(bool kept, const std::string& rule) {
         broken(rule);
 }
 
-// A fresh directory, made the working directory for the whole run and removed with everything in
-// it at exit. Inputs whose file names could leave it (a '/') are not run, so nothing an input
-// names lies outside it. Made by enterScratchDirectory, from LLVMFuzzerInitialize.
+// A fresh directory (vextest::TemporaryDirectory), made the working directory for the whole run
+// and removed with everything in it at exit. Inputs whose file names could leave it (a '/') are not
+// run, so nothing an input names lies outside it. Made by enterScratchDirectory, from
+// LLVMFuzzerInitialize.
 class ScratchDirectory {
 public:
-    ScratchDirectory() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "vexfuzz-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr)
-            broken("cannot create the scratch directory " + pattern);
-        path_ = pattern;
-        std::filesystem::current_path(path_);
-    }
+    ScratchDirectory() { std::filesystem::current_path(directory_.path()); }
+    // Leaves the directory before it goes.
     ~ScratchDirectory() {
         std::error_code ignored;
         std::filesystem::current_path(std::filesystem::temp_directory_path(), ignored);
-        std::filesystem::remove_all(path_, ignored);
     }
     ScratchDirectory(const ScratchDirectory&) = delete;
     ScratchDirectory& operator=(const ScratchDirectory&) = delete;
 
-    const std::filesystem::path& path() const { return path_; }
+    const std::filesystem::path& path() const { return directory_.path(); }
 
     // Removes everything but the files named.
     void keepOnly(std::initializer_list<const char*> names) const {
         std::error_code ignored;
-        for (const auto& entry : std::filesystem::directory_iterator(path_, ignored)) {
+        for (const auto& entry : std::filesystem::directory_iterator(path(), ignored)) {
             bool keep = false;
             for (const char* name : names)
                 keep = keep || entry.path().filename() == name;
@@ -62,7 +56,7 @@ public:
     }
 
 private:
-    std::filesystem::path path_;
+    vextest::TemporaryDirectory directory_{"vexfuzz"};
 };
 
 // The scratch directory of the run.

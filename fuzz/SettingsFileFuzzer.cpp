@@ -19,31 +19,11 @@
 #include "addon/KeyFrameError.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
+#include "support/KeyFrameData.h"
 
 using namespace vexplot::vexutiltools;
 
 namespace {
-
-// A state unlike any default, so a half-finished read shows.
-AnimationSettings_s callersSettings() {
-    AnimationSettings_s settings;
-    settings.AnimateTime = true;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::Bounce;
-    settings.NumCycles = 7;
-    settings.Destination = Destination_e::ToFile;
-    settings.AnimateStreamtraces = true;
-    settings.FadeIn = true;
-    return settings;
-}
-
-std::vector<KeyFrame_s> callersKeyFrames() {
-    KeyFrame_s keyFrame;
-    keyFrame.view = KeyFrameView_s{1, 2, 3, 4, 5, 6, 7};
-    keyFrame.name = "The caller's";
-    keyFrame.frameCount = 12;
-    keyFrame.solutionTime = 0.25;
-    return {keyFrame, keyFrame};
-}
 
 bool close(double written, double read) {
     return written == read || std::fabs(written - read) <= 1e-5 * std::fabs(written);
@@ -79,9 +59,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
         out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     }
 
-    AnimationSettings_s settings = callersSettings();
+    AnimationSettings_s settings = vextest::settingsUnlikeAnyDefault();
     ListModelKeyFrame keyFrames;
-    keyFrames.setItems(callersKeyFrames());
+    keyFrames.setItems(vextest::keyFramesUnlikeAnyDefault());
     bool read = false;
     try {
         KeyFrameFile().read(fileName, settings, keyFrames);
@@ -90,7 +70,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     } catch (const std::out_of_range&) {
     }
     if (!read) {
-        vexfuzz::expect(settings == callersSettings() && keyFrames.getItems() == callersKeyFrames(),
+        vexfuzz::expect(settings == vextest::settingsUnlikeAnyDefault() &&
+                            keyFrames.getItems() == vextest::keyFramesUnlikeAnyDefault(),
                         "a failed read changed the caller's settings or list");
         return 0;
     }
@@ -105,7 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     }
 
     KeyFrameFile().write("again.keyframe", settings, keyFrames);
-    AnimationSettings_s settingsAgain = callersSettings();
+    AnimationSettings_s settingsAgain = vextest::settingsUnlikeAnyDefault();
     ListModelKeyFrame keyFramesAgain;
     KeyFrameFile().read("again.keyframe", settingsAgain, keyFramesAgain);
     vexfuzz::expect(settingsAgain == settings, "written settings read back otherwise");

@@ -37,7 +37,7 @@ grep -E 'ERROR SUMMARY|definitely lost|indirectly lost|possibly lost' memcheck.l
 # movie writers hand it pictures in buffers that end at their last pixel, in every format.
 status=0
 valgrind --tool=memcheck --error-exitcode=99 --num-callers=40 --log-file=encoder.log \
-    "$build/bin/render_tests" --gtest_filter='*PicturesEndingAtTheirLastPixel*' \
+    "$build/bin/movie_writer_tests" --gtest_filter='*PicturesEndingAtTheirLastPixel*' \
     >encoder.out 2>&1 || status=$?
 if [ "$status" -ne 0 ]; then
     cat encoder.out encoder.log >&2

@@ -33,6 +33,7 @@
 
 #include "DemoScene.h"
 #include "support/RenderingBenchMain.h"
+#include "support/TemporaryDirectory.h"
 #include "vexhost/AddOnLibrary.h"
 #include "vexhost/EglRenderer.h"
 #include "vexhost/Host.h"
@@ -41,7 +42,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kWidth = 1280;
@@ -54,25 +54,6 @@ const std::string kFlight = std::string(VEX_SOURCE_DIR) + "/examples/flight.keyf
 double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
-
-// A scratch directory for the movies, removed with everything in it.
-class ScratchDirectory {
-public:
-    ScratchDirectory()
-        : path_(fs::temp_directory_path() / ("vexplot-bench-export-" + std::to_string(getpid()))) {
-        fs::create_directories(path_);
-    }
-    ~ScratchDirectory() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    ScratchDirectory(const ScratchDirectory&) = delete;
-    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
-};
 
 // The macro lines of one export of the flight.
 std::vector<std::string> exportMacro(const char* formatKeyword, const std::string& movie) {
@@ -151,7 +132,7 @@ const char* formatKeyword(int format) {
 
 void BM_FlightExport(benchmark::State& state) {
     const int format = static_cast<int>(state.range(0));
-    ScratchDirectory scratch;
+    const vextest::TemporaryDirectory scratch("vexplot-bench-export");
     const std::string movie = (scratch.path() / "flight").string();
     FlightHost flight;
     std::unique_ptr<vexhost::EglRenderer> renderer = vexhost::EglRenderer::create();
@@ -213,7 +194,7 @@ BENCHMARK(BM_FlightExport)
 // vexplot as a user runs it, from start to exit.
 void BM_VexplotProcess(benchmark::State& state) {
     const int format = static_cast<int>(state.range(0));
-    ScratchDirectory scratch;
+    const vextest::TemporaryDirectory scratch("vexplot-bench-export");
     const std::string movie = (scratch.path() / "flight").string();
     const std::string macro = (scratch.path() / "flight.mcr").string();
     {

@@ -1,8 +1,6 @@
 // Writing and reading a key frame settings file of 100,000 key frames (about 16 MiB of text).
 #include <benchmark/benchmark.h>
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -10,6 +8,7 @@
 #include "file/KeyFrameFile.h"
 #include "model/AnimationSettings_s.h"
 #include "model/ListModelKeyFrame.h"
+#include "support/TemporaryDirectory.h"
 
 namespace {
 
@@ -36,18 +35,15 @@ std::vector<KeyFrame_s> keyFrames() {
     return result;
 }
 
-// A file name of its own for this process, removed at the end.
+// A file of its own for this process, in a directory removed at the end.
 class BenchFile {
 public:
-    BenchFile()
-        : path_(std::filesystem::temp_directory_path() /
-                ("keyframe-bench-" + std::to_string(::getpid()) + ".keyframe")) {}
-    ~BenchFile() { std::filesystem::remove(path_); }
     std::string name() const { return path_.string(); }
     std::uintmax_t size() const { return std::filesystem::file_size(path_); }
 
 private:
-    std::filesystem::path path_;
+    vextest::TemporaryDirectory directory_{"keyframe-bench"};
+    std::filesystem::path path_ = directory_.path() / "bench.keyframe";
 };
 
 void BM_WriteSettingsFile(benchmark::State& state) {

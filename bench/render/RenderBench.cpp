@@ -2,15 +2,14 @@
 // movies. Everything runs on threads of its own (the software rasteriser's, the encoding worker),
 // so the times are wall-clock times.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <cmath>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "support/RenderingBenchMain.h"
+#include "support/TemporaryDirectory.h"
 #include "vexhost/DemoDataSet.h"
 #include "vexhost/EglRenderer.h"
 #include "vexhost/MovieWriterFactory.h"
@@ -90,13 +89,11 @@ void BM_EncodeMovie(benchmark::State& state) {
         pictures.push_back(
             renderer->render(demoScene(demo, i % demo.zones.size(), 0.02 * i), 1280, 720, 1));
     }
-    const std::filesystem::path directory =
-        std::filesystem::temp_directory_path() / ("vexhost-bench-" + std::to_string(getpid()));
-    std::filesystem::create_directories(directory);
+    const vextest::TemporaryDirectory directory("vexhost-bench");
     ExportSettings settings;
     settings.format = format;
     settings.animationSpeed = 30;
-    settings.fileName = (directory / "movie").string();
+    settings.fileName = directory.file("movie");
     for (auto _ : state) {
         std::unique_ptr<MovieWriter> writer = createMovieWriter(settings);
         writer->open(settings, 1280, 720);
@@ -109,7 +106,6 @@ void BM_EncodeMovie(benchmark::State& state) {
     state.counters["per_frame"] =
         benchmark::Counter(static_cast<double>(state.iterations()) * kFrames,
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-    std::filesystem::remove_all(directory);
 }
 BENCHMARK(BM_EncodeMovie)
     ->ArgName("format")
@@ -128,13 +124,11 @@ void BM_ExportAnimation(benchmark::State& state) {
     for (std::size_t zone = 0; zone < demo.zones.size(); ++zone) {
         renderer->render(demoScene(demo, zone, 0), 1280, 720, 1);
     }
-    const std::filesystem::path directory =
-        std::filesystem::temp_directory_path() / ("vexhost-bench-" + std::to_string(getpid()));
-    std::filesystem::create_directories(directory);
+    const vextest::TemporaryDirectory directory("vexhost-bench");
     ExportSettings settings;
     settings.format = format;
     settings.animationSpeed = 30;
-    settings.fileName = (directory / "movie").string();
+    settings.fileName = directory.file("movie");
     for (auto _ : state) {
         std::unique_ptr<MovieWriter> writer = createMovieWriter(settings);
         writer->open(settings, 1280, 720);
@@ -147,7 +141,6 @@ void BM_ExportAnimation(benchmark::State& state) {
     state.counters["per_frame"] =
         benchmark::Counter(static_cast<double>(state.iterations()) * kFrames,
                            benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-    std::filesystem::remove_all(directory);
 }
 BENCHMARK(BM_ExportAnimation)
     ->ArgName("format")

@@ -7,16 +7,13 @@
 #include <vector>
 
 #include "model/KeyFrame_s.h"
+#include "support/KeyFrameData.h"
 
 namespace vexbench {
 
 inline vexplot::vexutiltools::KeyFrame_s keyFrame(double psi, double theta, double alpha, double x,
                                                   uint64_t frameCount) {
-    vexplot::vexutiltools::KeyFrame_s keyFrame;
-    keyFrame.view = vexplot::vexutiltools::KeyFrameView_s{x, -15, 10, psi, theta, alpha, 10};
-    keyFrame.name = "View";
-    keyFrame.frameCount = frameCount;
-    return keyFrame;
+    return vextest::keyFrame("View", {x, -15, 10, psi, theta, alpha, 10}, frameCount);
 }
 
 // Two key frames `frames` frames apart: a run of frames + 1.

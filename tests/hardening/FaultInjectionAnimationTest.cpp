@@ -2,7 +2,7 @@
 // to a movie file, run once for every place where the host can fail them.
 #include <gtest/gtest.h>
 
-#include "FaultInjectionTest.h"
+#include "FaultInjectionFixture.h"
 #include "HardeningScene.h"
 #include "vexhost/Host.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 using vexplot::vexutiltools::Destination_e;
 
-class FaultInjectionAnimationTest : public FaultInjectionTest {};
+class FaultInjectionAnimationTest : public FaultInjectionFixture {};
 
 // An animation that reports success has drawn or exported every frame. A file dialog whose name
 // the host cannot hand out answers as cancelled: then nothing at all is animated.

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "FaultInjectionTest.h"
+#include "FaultInjectionFixture.h"
 #include "HardeningScene.h"
 #include "vexhost/GuiUser.h"
 #include "vexhost/Host.h"
@@ -16,7 +16,7 @@ namespace {
 using vexhost::GuiUser;
 using namespace vexplot::vexutiltools;
 
-class FaultInjectionDialogTest : public FaultInjectionTest {
+class FaultInjectionDialogTest : public FaultInjectionFixture {
 protected:
     // The main dialog open on the small flight, with every concurrent option on, while the host
     // records a macro.

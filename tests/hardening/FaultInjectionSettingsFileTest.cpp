@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "FaultInjectionTest.h"
+#include "FaultInjectionFixture.h"
 #include "HardeningScene.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
@@ -30,12 +30,8 @@ std::vector<KeyFrame_s> fileFlight() {
 }
 
 AnimationSettings_s fileSettings() {
-    AnimationSettings_s settings;
-    settings.AnimateTime = true;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::Bounce;
-    settings.NumCycles = 3;
-    settings.FadeOut = true;
-    return settings;
+    return animationSettings(option::AnimateTime | option::FadeOut,
+                             TimeAnimationOperation_e::Bounce, 3);
 }
 
 // The list and settings a read of the file gives.
@@ -59,10 +55,10 @@ bool nameNotHandedOut(const FaultOutcome& outcome) {
            outcome.fault->fault == vexhost::FaultPlan::Fault::StringAllocationFails;
 }
 
-class FaultInjectionSettingsFileTest : public FaultInjectionTest {
+class FaultInjectionSettingsFileTest : public FaultInjectionFixture {
 protected:
     void SetUp() override {
-        FaultInjectionTest::SetUp();
+        FaultInjectionFixture::SetUp();
         inputFile = directory.file("input.keyframe");
         outputFile = directory.file("output.keyframe");
         scene::writeSettingsFile(inputFile, fileFlight(), fileSettings());

@@ -3,8 +3,6 @@
 #include <utility>
 
 #include "addon/AddOn.h"
-#include "file/KeyFrameFile.h"
-#include "model/ListModelKeyFrame.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Host.h"
 
@@ -24,16 +22,6 @@ void runIdle() {
 
 const vexhost::GuiDialog& mainDialog(GuiUser& user) {
     return user.findDialog(MainTitle);
-}
-
-KeyFrame_s keyFrame(const std::string& name, KeyFrameView_s view, uint64_t frameCount,
-                    double solutionTime) {
-    KeyFrame_s result;
-    result.view = view;
-    result.name = name;
-    result.frameCount = frameCount;
-    result.solutionTime = solutionTime;
-    return result;
 }
 
 }  // namespace
@@ -58,22 +46,8 @@ void transientScene() {
     host.style().setDouble({"StreamAttributes", "StreamTiming", "TimeAnchor"}, 0.3);
 }
 
-std::vector<KeyFrame_s> smallFlight() {
-    return {keyFrame("Front", {8.66, -15, 10, 60, 30, 0, 10}, 6, 0.0),
-            keyFrame("Side", {15, 8.66, 10, 60, 120, 0, 12}, 5, 0.5),
-            keyFrame("Top", {0, 0, 20, 0, 0, 0, 8}, 1, 1.0)};
-}
-
 AnimationSettings_s everyStage(Destination_e destination) {
-    AnimationSettings_s settings;
-    settings.AnimateTime = true;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::Loop;
-    settings.NumCycles = 2;
-    settings.Destination = destination;
-    settings.AnimateStreamtraces = true;
-    settings.FadeIn = true;
-    settings.FadeOut = true;
-    return settings;
+    return vextest::everyStage(TimeAnimationOperation_e::Loop, destination);
 }
 
 void giveDialog(const std::vector<KeyFrame_s>& keyFrames, const AnimationSettings_s& settings) {
@@ -87,13 +61,6 @@ void giveDialog(const std::vector<KeyFrame_s>& keyFrames, const AnimationSetting
 
 vexhost::AddOnRegistry::CommandResult runCommand(const std::string& command) {
     return Host::instance().addOns().runMacroCommand(AddOn::Name, command);
-}
-
-void writeSettingsFile(const std::string& fileName, const std::vector<KeyFrame_s>& keyFrames,
-                       const AnimationSettings_s& settings) {
-    ListModelKeyFrame model;
-    model.setItems(keyFrames);
-    KeyFrameFile().write(fileName, settings, model);
 }
 
 void openMainDialog() {

@@ -9,6 +9,7 @@
 
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
+#include "support/KeyFrameData.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/GuiUser.h"
 
@@ -23,8 +24,9 @@ constexpr const char* MainTitle = "Key Frame Animation";
 // 0.3, none of them the host's default.
 void transientScene();
 
-// Three key frames with frame counts 6, 5 and 1: a run of 12 frames, so fades last one frame.
-std::vector<vexplot::vexutiltools::KeyFrame_s> smallFlight();
+// Three key frames with frame counts 6, 5 and 1 (support/KeyFrameData.h): a run of 12 frames, so
+// fades last one frame.
+using vextest::smallFlight;
 // Time (Loop, 2 cycles), streamtraces, fade in and fade out, to the destination given.
 vexplot::vexutiltools::AnimationSettings_s everyStage(
     vexplot::vexutiltools::Destination_e destination);
@@ -37,9 +39,7 @@ void giveDialog(const std::vector<vexplot::vexutiltools::KeyFrame_s>& keyFrames,
 vexhost::AddOnRegistry::CommandResult runCommand(const std::string& command);
 
 // Writes a settings file of the key frames and settings (UTF-8 file name).
-void writeSettingsFile(const std::string& fileName,
-                       const std::vector<vexplot::vexutiltools::KeyFrame_s>& keyFrames,
-                       const vexplot::vexutiltools::AnimationSettings_s& settings);
+using vextest::writeSettingsFile;
 
 // The user at the main dialog. Each action runs the host's idle queue afterwards, as the host's
 // main loop does; a step the user cannot take throws vexhost::GuiError.

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "HardeningScene.h"
-#include "model/ListModelObserverInterface.h"
 #include "support/AddOnTest.h"
+#include "support/FailingListObserver.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Host.h"
 
@@ -17,20 +17,6 @@ namespace vextest {
 namespace {
 
 using namespace vexplot::vexutiltools;
-
-// Fails on the first change it is told of, and hears the rest.
-class FailingOnce : public ListModelObserverInterface {
-public:
-    void listModelChanged(const ListModelChange&) override {
-        if (failed_)
-            return;
-        failed_ = true;
-        throw std::runtime_error("The observer failed.");
-    }
-
-private:
-    bool failed_ = false;
-};
 
 class ObserverFailureTest : public AddOnTest {
 protected:
@@ -56,7 +42,7 @@ protected:
         return vexhost::Host::instance().dialogs().errorMessages();
     }
 
-    FailingOnce failing;
+    FailingListObserver failing{"The observer failed."};
 };
 
 TEST_F(ObserverFailureTest, ADeleteStillRemovesEverySelectedKeyFrame) {

@@ -1,5 +1,6 @@
 // vextest::TemporaryDirectory: a fresh, empty directory for one test's files, removed with
-// everything in it when the test ends (also when it fails).
+// everything in it when the test ends (also when it fails). Needs no test framework: the fuzz
+// targets and the benchmarks make their scratch directories with it too.
 #ifndef VEXTEST_TEMPORARYDIRECTORY_H
 #define VEXTEST_TEMPORARYDIRECTORY_H
 
@@ -14,8 +15,11 @@ namespace vextest {
 
 class TemporaryDirectory {
 public:
-    TemporaryDirectory() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "vextest-XXXXXX").string();
+    // Named "<prefix>-XXXXXX" in the system's temporary directory, so a directory left behind by a
+    // killed run shows whose it was.
+    explicit TemporaryDirectory(const std::string& prefix = "vextest") {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / (prefix + "-XXXXXX")).string();
         if (::mkdtemp(pattern.data()) == nullptr)
             throw std::runtime_error("TemporaryDirectory: cannot create " + pattern);
         path_ = pattern;

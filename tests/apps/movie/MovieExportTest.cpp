@@ -11,15 +11,21 @@
 #include <filesystem>
 #include <map>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "apps/VexplotProcess.h"
+#include "support/ExportLogLines.h"
+#include "support/KeyFrameData.h"
 #include "support/MovieProbe.h"
+#include "support/VexplotProcess.h"
 
 namespace {
 
+using vextest::AnimationSettings_s;
+using vextest::contains;
 using vextest::decodeFrames;
+using vextest::KeyFrameView_s;
 using vextest::probeMovie;
 using vextest::VexplotProcess;
 using Result = VexplotProcess::Result;
@@ -28,52 +34,27 @@ constexpr int kWidth = 160;
 constexpr int kHeight = 120;
 const char* const kSize = "160x120";
 
-struct View {
-    const char* position;  // "x y z"
-    const char* angles;    // "psi theta alpha"
-    const char* width;
-};
 // Two views of the demo data set from different sides.
-const View kOverview = {"2.59808 -4.5 3.1", "60 30 0", "3.2"};
-const View kNorthEast = {"3.67423 2.12132 4.34264", "45 120 0", "3"};
+const KeyFrameView_s kOverview{2.59808, -4.5, 3.1, 60, 30, 0, 3.2};
+const KeyFrameView_s kNorthEast{3.67423, 2.12132, 4.34264, 45, 120, 0, 3};
 
 struct KeyFrame {
-    View view;
+    KeyFrameView_s view;
     int frameCount;  // frames to the next key frame
     double solutionTime;
 };
 
-struct Settings {
-    bool animateTime = false;
-    bool animateStreamtraces = false;
-    bool fadeIn = false;
-    bool fadeOut = false;
-};
-
-// A key frame settings file as the add-on writes it.
-std::string keyFrameFile(const Settings& settings, const std::vector<KeyFrame>& keyFrames) {
-    const auto flag = [](bool on) { return on ? "true" : "false"; };
-    std::string text = "#!KeyFrame 1\n\n%Settings\n";
-    text += std::string(" AnimateTime ") + flag(settings.animateTime) + "\n";
-    text += " TimeAnimationOperation AsCaptured\n NumCycles 1\n";
-    text += std::string(" AnimateStreamtraces ") + flag(settings.animateStreamtraces) + "\n";
-    text += std::string(" FadeIn ") + flag(settings.fadeIn) + "\n";
-    text += std::string(" FadeOut ") + flag(settings.fadeOut) + "\n%Settings\n";
-    int number = 0;
-    for (const KeyFrame& k : keyFrames) {
-        text += "\n%KeyFrameView\n Name \"Key " + std::to_string(++number) + "\"\n";
-        text += std::string(" Position ") + k.view.position + "\n";
-        text += std::string(" Angle ") + k.view.angles + "\n";
-        text += std::string(" Width ") + k.view.width + "\n";
-        text += " FrameCount " + std::to_string(k.frameCount) + "\n";
-        text += " SolutionTime " + std::to_string(k.solutionTime) + "\n%KeyFrameView\n";
-    }
-    return text;
+// Settings with the switches named (vextest::option) on, time as captured, one cycle.
+AnimationSettings_s flightSettings(unsigned options = vextest::option::None) {
+    return vextest::animationSettings(options, vextest::TimeAnimationOperation_e::AsCaptured);
 }
 
 // The $!VIEW line of a view.
-std::string viewLine(const View& view) {
-    return std::string("$!VIEW ") + view.position + " " + view.angles + " " + view.width + "\n";
+std::string viewLine(const KeyFrameView_s& view) {
+    std::ostringstream line;
+    line << "$!VIEW " << view.X << ' ' << view.Y << ' ' << view.Z << ' ' << view.Psi << ' '
+         << view.Theta << ' ' << view.Alpha << ' ' << view.Width << '\n';
+    return line.str();
 }
 
 std::string exportSetup(const std::string& format, const std::string& fileName,
@@ -87,10 +68,6 @@ std::string exportSetup(const std::string& format, const std::string& fileName,
 const char* const kAnimateToFile =
     "$!ADDON \"Key Frame Animation\" OpenSettingsFile FileName=flight.keyframe\n"
     "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=ToFile\n";
-
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
 
 // Every channel of every pixel is 0.
 bool isBlack(const vexhost::Image& picture) {
@@ -109,13 +86,22 @@ std::size_t differingPixels(const vexhost::Image& a, const vexhost::Image& b) {
 class MovieExportTest : public ::testing::Test {
 protected:
     Result run(const std::string& macro, std::vector<std::string> options = {}) {
-        process.writeFile("m.mcr", macro);
         options.insert(options.begin(), {"--size", kSize});
-        options.push_back("m.mcr");
-        return process.run(options);
+        return process.runMacro(macro, std::move(options));
     }
 
     std::string path(const std::string& name) const { return process.directory() + "/" + name; }
+
+    // flight.keyframe, the key frames named "Key 1", "Key 2", ... and the settings, as the add-on
+    // writes a settings file.
+    void writeFlight(const AnimationSettings_s& settings, const std::vector<KeyFrame>& keyFrames) {
+        std::vector<vextest::KeyFrame_s> flight;
+        for (const KeyFrame& k : keyFrames)
+            flight.push_back(vextest::keyFrame("Key " + std::to_string(flight.size() + 1), k.view,
+                                               static_cast<uint64_t>(k.frameCount),
+                                               k.solutionTime));
+        vextest::writeSettingsFile(path("flight.keyframe"), flight, settings);
+    }
 
     // The files of the scratch directory, without vexplot's captured output.
     std::vector<std::string> files() const {
@@ -161,8 +147,7 @@ class MovieFormatTest : public MovieExportTest, public ::testing::WithParamInter
 
 TEST_P(MovieFormatTest, ShortAnimationReadsBackAsSetUp) {
     const FormatCase& c = GetParam();
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(Settings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}}));
+    writeFlight(flightSettings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}});
     // 25 frames per second: FLV and ASF keep times in milliseconds, so a rate that does not divide
     // 1000 reads back only approximately (12 fps as 12000/1001).
     const Result result = run(exportSetup(c.keyword, c.file, "25") + c.extra + kAnimateToFile,
@@ -177,7 +162,7 @@ TEST_P(MovieFormatTest, ShortAnimationReadsBackAsSetUp) {
     EXPECT_EQ(values["width"], std::to_string(kWidth));
     EXPECT_EQ(values["height"], std::to_string(kHeight));
     EXPECT_EQ(values["r_frame_rate"], "25/1");
-    EXPECT_TRUE(contains(result.err, "Wrote 6 frames of 160 x 120 at 25 fps as ")) << result.err;
+    EXPECT_TRUE(contains(result.err, vextest::wroteFrames(6, 160, 120, 25) + " as ")) << result.err;
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryMovieFormat, MovieFormatTest, ::testing::ValuesIn(kFormats),
@@ -188,12 +173,10 @@ INSTANTIATE_TEST_SUITE_P(EveryMovieFormat, MovieFormatTest, ::testing::ValuesIn(
 // ---- What the pictures show (the raster metafile is lossless: frames as drawn) ----
 
 TEST_F(MovieExportTest, FadeInStartsBlackAndFadeOutEndsBlack) {
-    Settings fade;
-    fade.fadeIn = true;
-    fade.fadeOut = true;
+    const AnimationSettings_s fade =
+        flightSettings(vextest::option::FadeIn | vextest::option::FadeOut);
     // 21 frames: two frames of fading at each end.
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(fade, {{kOverview, 20, 0}, {kNorthEast, 1, 0}}));
+    writeFlight(fade, {{kOverview, 20, 0}, {kNorthEast, 1, 0}});
     const Result result = run(exportSetup("RASTERMETAFILE", "fade.rm") + kAnimateToFile);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     const std::vector<vexhost::Image> frames = decodeFrames(path("fade.rm"), kWidth, kHeight);
@@ -205,10 +188,9 @@ TEST_F(MovieExportTest, FadeInStartsBlackAndFadeOutEndsBlack) {
 }
 
 TEST_F(MovieExportTest, AxisBoxIsAbsentDuringARunAndPresentInASnapshotBeforeIt) {
-    Settings fadeOut;
-    fadeOut.fadeOut = true;  // the fade hides the axis; at 6 frames it fades nothing
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(fadeOut, {{kOverview, 5, 0}, {kNorthEast, 1, 0}}));
+    // The fade hides the axis; at 6 frames it fades nothing.
+    const AnimationSettings_s fadeOut = flightSettings(vextest::option::FadeOut);
+    writeFlight(fadeOut, {{kOverview, 5, 0}, {kNorthEast, 1, 0}});
     const Result result = run(viewLine(kOverview) +
                               "$!SNAPSHOT \"axis.png\"\n"
                               "$!SET ThreeDAxis FrameAxis Show = false\n"
@@ -230,9 +212,7 @@ TEST_F(MovieExportTest, AxisBoxIsAbsentDuringARunAndPresentInASnapshotBeforeIt) 
 
 TEST_F(MovieExportTest, FramesAtDifferentKeyFramesDifferAndTheSameViewGivesTheSamePixels) {
     // Out and back: the last key frame is the first one's view again.
-    process.writeFile(
-        "flight.keyframe",
-        keyFrameFile(Settings(), {{kOverview, 4, 0}, {kNorthEast, 4, 0}, {kOverview, 1, 0}}));
+    writeFlight(flightSettings(), {{kOverview, 4, 0}, {kNorthEast, 4, 0}, {kOverview, 1, 0}});
     const Result result =
         run(exportSetup("RASTERMETAFILE", "round.rm") + kAnimateToFile + viewLine(kNorthEast) +
             "$!SNAPSHOT \"a.png\"\n" + viewLine(kOverview) + "$!SNAPSHOT \"between.png\"\n" +
@@ -270,11 +250,9 @@ double colourHistogramDistance(const vexhost::Image& a, const vexhost::Image& b)
 }
 
 TEST_F(MovieExportTest, SteppingSolutionTimeChangesTheColours) {
-    Settings time;
-    time.animateTime = true;
+    const AnimationSettings_s time = flightSettings(vextest::option::AnimateTime);
     // The same view at both key frames: only the solution time moves, from 0 to 0.8.
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(time, {{kOverview, 4, 0}, {kOverview, 1, 0.8}}));
+    writeFlight(time, {{kOverview, 4, 0}, {kOverview, 1, 0.8}});
     const Result result =
         run(exportSetup("RASTERMETAFILE", "time.rm") + kAnimateToFile, {"--trace", "t.jsonl"});
     ASSERT_EQ(0, result.exitStatus) << result.err;
@@ -289,26 +267,23 @@ TEST_F(MovieExportTest, SteppingSolutionTimeChangesTheColours) {
 // ---- Runs that write no movie ----
 
 TEST_F(MovieExportTest, StopDuringARunToFileLeavesNoFile) {
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(Settings(), {{kOverview, 20, 0}, {kNorthEast, 1, 0}}));
+    writeFlight(flightSettings(), {{kOverview, 20, 0}, {kNorthEast, 1, 0}});
     // The views of the 21 frames are made first, a progress check each: the 30th check is the
     // run's ninth frame.
     const Result result =
         run(exportSetup("MPEG4", "stopped.mp4") + kAnimateToFile, {"--stop-at", "30"});
     EXPECT_EQ(1, result.exitStatus) << result.err;
-    EXPECT_TRUE(contains(result.err,
-                         "Export started: format 21, 160 x 120 pixels, to "
-                         "\"stopped.mp4\".\n"))
+    EXPECT_TRUE(
+        contains(result.err, vextest::exportStartedLine(21, 160, 120, "stopped.mp4") + "\n"))
         << result.err;
     EXPECT_TRUE(contains(result.err, "Animation canceled.")) << result.err;
-    EXPECT_TRUE(contains(result.err, "Canceled: no movie was written to \"stopped.mp4\".\n"))
+    EXPECT_TRUE(contains(result.err, vextest::movieCanceledLine("stopped.mp4") + "\n"))
         << result.err;
     EXPECT_EQ(files(), (std::vector<std::string>{"flight.keyframe", "m.mcr"}));
 }
 
 TEST_F(MovieExportTest, UnwritableFileNameIsNamedByTheHostBeforeTheAddOnGivesUp) {
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(Settings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}}));
+    writeFlight(flightSettings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}});
     const Result result = run(exportSetup("MPEG4", "no/such/dir/film.mp4") + kAnimateToFile);
     ASSERT_EQ(1, result.exitStatus) << result.err;
     const std::string dialog =
@@ -352,8 +327,7 @@ protected:
 };
 
 TEST_F(WithoutOpenGlTest, OnScreenRunNeverStartsOpenGl) {
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(Settings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}}));
+    writeFlight(flightSettings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}});
     const Result result =
         run("$!ADDON \"Key Frame Animation\" OpenSettingsFile FileName=flight.keyframe\n"
             "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=OnScreen\n"
@@ -371,8 +345,7 @@ TEST_F(WithoutOpenGlTest, SnapshotFailsNamingWhy) {
 }
 
 TEST_F(WithoutOpenGlTest, ExportShowsWhyItCannotStartAndLeavesNoFile) {
-    process.writeFile("flight.keyframe",
-                      keyFrameFile(Settings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}}));
+    writeFlight(flightSettings(), {{kOverview, 5, 0}, {kNorthEast, 1, 0}});
     const Result result = run(exportSetup("AVI", "film.avi") + kAnimateToFile);
     EXPECT_EQ(1, result.exitStatus);
     const std::size_t dialog = result.err.find("Cannot start OpenGL rendering: ");

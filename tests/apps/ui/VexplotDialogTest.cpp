@@ -7,10 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "../VexplotProcess.h"
+#include "support/VexplotProcess.h"
 
 namespace {
 
+using vextest::contains;
 using vextest::linesOf;
 using vextest::VexplotProcess;
 using Result = VexplotProcess::Result;
@@ -35,16 +36,6 @@ const std::string Dump = "$!UI DUMP " + Main + "\n";
 
 class VexplotDialogTest : public ::testing::Test {
 protected:
-    Result runMacro(const std::string& macro, std::vector<std::string> options = {}) {
-        process.writeFile("m.mcr", macro);
-        options.push_back("m.mcr");
-        return process.run(options);
-    }
-
-    static bool contains(const std::string& text, const std::string& part) {
-        return text.find(part) != std::string::npos;
-    }
-
     // The dump line of the control whose line contains `part` (the first one).
     static std::string dumpLine(const std::string& dump, const std::string& part) {
         for (const std::string& line : linesOf(dump)) {
@@ -82,8 +73,8 @@ protected:
 
 TEST_F(VexplotDialogTest, ThreeAppendsAreViews1To3With30FramesAndTheFourthTakesAChangedCount) {
     const Result result =
-        runMacro(ThreeAppends + select("3") + Dump + "$!UI TYPE " + Main +
-                 " \"Frame Count:\" \"12\"\n" + press("Append") + select("4") + Dump);
+        process.runMacro(ThreeAppends + select("3") + Dump + "$!UI TYPE " + Main +
+                         " \"Frame Count:\" \"12\"\n" + press("Append") + select("4") + Dump);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     const std::string firstDump = result.out.substr(0, result.out.find("dialog #", 1));
     EXPECT_EQ(listEntries(firstDump), (Lines{"1 \"View 1\"", "2 \"View 2\"", "3 \"View 3\""}));
@@ -96,14 +87,15 @@ TEST_F(VexplotDialogTest, ThreeAppendsAreViews1To3With30FramesAndTheFourthTakesA
 }
 
 TEST_F(VexplotDialogTest, InsertWithTheFirstLineSelectedPutsView4InLine1) {
-    const Result result = runMacro(ThreeAppends + select("1") + press("Insert") + Dump);
+    const Result result = process.runMacro(ThreeAppends + select("1") + press("Insert") + Dump);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     EXPECT_EQ(listEntries(result.out),
               (Lines{"1 \"View 4\"", "2 \"View 1\"", "3 \"View 2\"", "4 \"View 3\""}));
 }
 
 TEST_F(VexplotDialogTest, SensitivitiesWithNoOneAndTwoSelectedLines) {
-    const Result result = runMacro(ThreeAppends + Dump + select("2") + Dump + select("2 3") + Dump);
+    const Result result =
+        process.runMacro(ThreeAppends + Dump + select("2") + Dump + select("2 3") + Dump);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     std::vector<std::string> dumps;
     std::size_t start = 0;
@@ -134,7 +126,7 @@ TEST_F(VexplotDialogTest, SensitivitiesWithNoOneAndTwoSelectedLines) {
 }
 
 TEST_F(VexplotDialogTest, AnEmptyListLeavesOnlyAppendAndTheDestinationEnabled) {
-    const Result result = runMacro(Open + Dump);
+    const Result result = process.runMacro(Open + Dump);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     EXPECT_EQ(listEntries(result.out), Lines{"1 \"No Key Frames established.\""});
     int sensitiveControls = 0;
@@ -150,8 +142,8 @@ TEST_F(VexplotDialogTest, AnEmptyListLeavesOnlyAppendAndTheDestinationEnabled) {
 }
 
 TEST_F(VexplotDialogTest, AnimateSelectedNeedsAContinuousRange) {
-    const Result result =
-        runMacro(ThreeAppends + select("1 3") + press("Animate Selected"), {"--trace", "t.jsonl"});
+    const Result result = process.runMacro(ThreeAppends + select("1 3") + press("Animate Selected"),
+                                           {"--trace", "t.jsonl"});
     ASSERT_EQ(0, result.exitStatus) << result.err;
     EXPECT_TRUE(contains(result.err, "Selected items must be a continuous range.\n")) << result.err;
     EXPECT_FALSE(contains(result.err, "Animating....")) << result.err;
@@ -161,8 +153,8 @@ TEST_F(VexplotDialogTest, AnimateSelectedNeedsAContinuousRange) {
 
 TEST_F(VexplotDialogTest, AnimateSelectedToFileResetsTheDestinationWithAMessage) {
     const Result result =
-        runMacro(ThreeAppends + "$!UI OPTION " + Main + " \"Destination:\" \"To File\"\n" +
-                 select("1 2") + press("Animate Selected") + Dump);
+        process.runMacro(ThreeAppends + "$!UI OPTION " + Main + " \"Destination:\" \"To File\"\n" +
+                         select("1 2") + press("Animate Selected") + Dump);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     EXPECT_TRUE(contains(result.err,
                          "\"Animate Selected\" does not support output to file.\n"
@@ -173,8 +165,8 @@ TEST_F(VexplotDialogTest, AnimateSelectedToFileResetsTheDestinationWithAMessage)
 }
 
 TEST_F(VexplotDialogTest, AnEmptyViewNameIsRefusedAndTheNameRestored) {
-    const Result result = runMacro(ThreeAppends + select("2") + "$!UI TYPE " + Main +
-                                   " \"View Name:\" \"\"\n" + Dump);
+    const Result result = process.runMacro(ThreeAppends + select("2") + "$!UI TYPE " + Main +
+                                           " \"View Name:\" \"\"\n" + Dump);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     EXPECT_EQ(result.err, "The view name must be at least one character.\n");
     EXPECT_TRUE(contains(dumpLine(result.out, "beside \"View Name:\""), "text \"View 2\""));
@@ -183,9 +175,9 @@ TEST_F(VexplotDialogTest, AnEmptyViewNameIsRefusedAndTheNameRestored) {
 
 TEST_F(VexplotDialogTest, TheExportOptionsRecordTheSixLinesOfAnMpeg4Export) {
     const Result result =
-        runMacro(ThreeAppends + "$!UI OPTION " + Main + " \"Destination:\" \"To File\"\n" +
-                     press("Animate All") + "$!UI OK \"Export Options\"\n",
-                 {"--record", "rec.mcr", "--file-name", "movie.mp4"});
+        process.runMacro(ThreeAppends + "$!UI OPTION " + Main + " \"Destination:\" \"To File\"\n" +
+                             press("Animate All") + "$!UI OK \"Export Options\"\n",
+                         {"--record", "rec.mcr", "--file-name", "movie.mp4"});
     ASSERT_EQ(0, result.exitStatus) << result.err;
     Lines exportSetup;
     for (const std::string& line : linesOf(process.readFile("rec.mcr"))) {
@@ -204,10 +196,10 @@ TEST_F(VexplotDialogTest, TheExportOptionsRecordTheSixLinesOfAnMpeg4Export) {
 
 TEST_F(VexplotDialogTest, AnEnteredWidthOf1000OnAn800By600FrameGives1000By750) {
     const Result result =
-        runMacro(ThreeAppends + "$!UI OPTION " + Main + " \"Destination:\" \"To File\"\n" +
-                 press("Animate All") + "$!UI RADIO \"Export Options\" \"Enter Width:\"\n" +
-                 "$!UI TYPE \"Export Options\" textfield:1 \"1000\"\n" +
-                 "$!UI DUMP \"Export Options\"\n" + "$!UI CANCEL \"Export Options\"\n");
+        process.runMacro(ThreeAppends + "$!UI OPTION " + Main + " \"Destination:\" \"To File\"\n" +
+                         press("Animate All") + "$!UI RADIO \"Export Options\" \"Enter Width:\"\n" +
+                         "$!UI TYPE \"Export Options\" textfield:1 \"1000\"\n" +
+                         "$!UI DUMP \"Export Options\"\n" + "$!UI CANCEL \"Export Options\"\n");
     ASSERT_EQ(0, result.exitStatus) << result.err;
     EXPECT_TRUE(contains(result.out, "label #") &&
                 !dumpLine(result.out, "\"Dimensions: 1000 x 750\"").empty())
@@ -215,8 +207,8 @@ TEST_F(VexplotDialogTest, AnEnteredWidthOf1000OnAn800By600FrameGives1000By750) {
 }
 
 TEST_F(VexplotDialogTest, ARunThatEndsWithAModalDialogUpFails) {
-    const Result result =
-        runMacro(Open + "$!UI DIALOGMENU " + Main + " \"Options\" \"Time Animation Options...\"\n");
+    const Result result = process.runMacro(Open + "$!UI DIALOGMENU " + Main +
+                                           " \"Options\" \"Time Animation Options...\"\n");
     EXPECT_EQ(1, result.exitStatus);
     EXPECT_TRUE(contains(result.err,
                          "the modal dialog \"Time Animation Options\" is still up, holding its "
@@ -225,11 +217,11 @@ TEST_F(VexplotDialogTest, ARunThatEndsWithAModalDialogUpFails) {
 }
 
 TEST_F(VexplotDialogTest, ModalDialogsHoldTheLockOnlyUntilOkOrCancel) {
-    const Result result = runMacro(ThreeAppends + "$!UI DIALOGMENU " + Main +
-                                   " \"Options\" \"Time Animation Options...\"\n" +
-                                   "$!UI RADIO \"Time Animation Options\" \"Loop\"\n" +
-                                   "$!UI SPIN \"Time Animation Options\" \"Num Cycles:\" UP\n" +
-                                   "$!UI OK \"Time Animation Options\"\n" + press("Append") + Dump);
+    const Result result = process.runMacro(
+        ThreeAppends + "$!UI DIALOGMENU " + Main + " \"Options\" \"Time Animation Options...\"\n" +
+        "$!UI RADIO \"Time Animation Options\" \"Loop\"\n" +
+        "$!UI SPIN \"Time Animation Options\" \"Num Cycles:\" UP\n" +
+        "$!UI OK \"Time Animation Options\"\n" + press("Append") + Dump);
     ASSERT_EQ(0, result.exitStatus) << result.err;
     EXPECT_TRUE(contains(dumpLine(result.out, "\"Animate &Time Concurrently\""), " on"));
     EXPECT_EQ(listEntries(result.out).size(), 4u);
@@ -244,8 +236,8 @@ TEST_F(VexplotDialogTest, ARecordedSessionReplaysToTheSameFileAndFrames) {
         " \"File\" \"Save Animation File As...\"\n" + "$!UI OPTION " + Main +
         " \"Destination:\" \"To File\"\n" + press("Animate All") + "$!UI OK \"Export Options\"\n";
     const Result recorded =
-        runMacro(session, {"--record", "rec.mcr", "--trace", "first.jsonl", "--file-name",
-                           "flight.keyframe", "--file-name", "movie.mp4"});
+        process.runMacro(session, {"--record", "rec.mcr", "--trace", "first.jsonl", "--file-name",
+                                   "flight.keyframe", "--file-name", "movie.mp4"});
     ASSERT_EQ(0, recorded.exitStatus) << recorded.err;
     const std::string savedFile = process.readFile("flight.keyframe");
     ASSERT_TRUE(contains(savedFile, "\"Start\"")) << savedFile;

@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "GuiTest.h"
+#include "GuiFixture.h"
 #include "vexhost/GuiDump.h"
 #include "vxtoolbox/StringList.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 using vexhost::GuiDump;
 
-class GuiDumpTest : public GuiTest {};
+class GuiDumpTest : public GuiFixture {};
 
 TEST_F(GuiDumpTest, ShowsEveryControlWithItsStateInCreationOrderAfterTheMenuBar) {
     const int32_t main = addModeless("Key Frame Animation");

@@ -1,7 +1,7 @@
 // The GUI model's own rules: which label names an unlabelled control, and the reset.
 #include <gtest/gtest.h>
 
-#include "GuiTest.h"
+#include "GuiFixture.h"
 
 namespace guitest {
 namespace {
@@ -9,10 +9,10 @@ namespace {
 using vexhost::GuiControl;
 using vexhost::GuiModel;
 
-class GuiModelTest : public GuiTest {
+class GuiModelTest : public GuiFixture {
 protected:
     void SetUp() override {
-        GuiTest::SetUp();
+        GuiFixture::SetUp();
         main_ = addModeless();
     }
     // The label's text, "" for none.

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "GuiTest.h"
+#include "GuiFixture.h"
 #include "vexhost/GuiScript.h"
 #include "vexhost/MacroError.h"
 #include "vexhost/MacroFileRunner.h"
@@ -141,10 +141,10 @@ void openMain() {
     VexUtilLockFinish(standIn.addOn);
 }
 
-class GuiScriptTest : public GuiTest {
+class GuiScriptTest : public GuiFixture {
 protected:
     void SetUp() override {
-        GuiTest::SetUp();
+        GuiFixture::SetUp();
         standIn = StandIn();
         standIn.addOn = registerAddOn("Stand-In");
         VexUtilMenuAddOption("Animate", "&Key Frame Animation...", 1, openMain);

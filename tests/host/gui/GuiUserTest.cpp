@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "GuiTest.h"
+#include "GuiFixture.h"
 #include "vexhost/GuiError.h"
 #include "vxappaddonuiaction.h"
 #include "vxtoolbox/StringList.h"
@@ -60,10 +60,10 @@ TEST(GuiUserPlainTextTest, DropsMarkersJoinsBlanksTrimsAndIgnoresCase) {
     }
 }
 
-class GuiUserTest : public GuiTest {
+class GuiUserTest : public GuiFixture {
 protected:
     void SetUp() override {
-        GuiTest::SetUp();
+        GuiFixture::SetUp();
         main_ = addModeless("Main");
         append_ =
             VexGUIButtonAdd(main_, 3160, 65, 1433, 145, "&Append     ", onVoid, probe("append"));

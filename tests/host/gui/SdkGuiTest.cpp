@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "GuiTest.h"
+#include "GuiFixture.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Bookkeeping.h"
 #include "vxtoolbox/StringList.h"
 
@@ -18,7 +19,7 @@ using vexhost::GuiControl;
 using Kind = vexhost::GuiControl::Kind;
 using Strings = std::vector<std::string>;
 
-class SdkGuiTest : public GuiTest {};
+class SdkGuiTest : public GuiFixture {};
 
 TEST_F(SdkGuiTest, DialogsAndControlsShareUniquePositiveIdsCountedFromOneAfterAReset) {
     const int32_t main = addModeless();
@@ -49,12 +50,17 @@ TEST_F(SdkGuiTest, CallsAreLoggedWithTheirArgumentsLeavingOutCallbacksAndClientD
     VexGUIDialogLaunch(main);
     EXPECT_EQ(
         takeCallLog(),
-        (Strings{"VexGUIDialogCreateModeless(-1, 5000, 3000, \"Key Frame Animation\")",
-                 "VexGUIButtonAdd(1, 3160, 65, 1433, 145, \"&Append     \")",
-                 "VexGUIListAdd(1, 224, 65, 2745, 1414, true)",
-                 "VexGUIListAppendItem(3, \"View 1\")", "VexGUIListAppendItem(3, \"View 2\")",
-                 "VexGUIListAppendItem(3, \"View 3\")", "VexGUIListSetSelectedItems(3, [3, 1], 2)",
-                 "VexGUISetSensitivity(3, false)", "VexGUIDialogLaunch(1)"}));
+        (Strings{vextest::callLine("VexGUIDialogCreateModeless",
+                                   {-1, 5000, 3000, "Key Frame Animation"}),
+                 vextest::callLine("VexGUIButtonAdd", {1, 3160, 65, 1433, 145, "&Append     "}),
+                 vextest::callLine("VexGUIListAdd", {1, 224, 65, 2745, 1414, true}),
+                 vextest::callLine("VexGUIListAppendItem", {3, "View 1"}),
+                 vextest::callLine("VexGUIListAppendItem", {3, "View 2"}),
+                 vextest::callLine("VexGUIListAppendItem", {3, "View 3"}),
+                 vextest::callLine("VexGUIListSetSelectedItems",
+                                   {3, vextest::CallArg::raw("[3, 1]"), 2}),
+                 vextest::callLine("VexGUISetSensitivity", {3, false}),
+                 vextest::callLine("VexGUIDialogLaunch", {1})}));
 }
 
 TEST_F(SdkGuiTest, LabelsTitlesAndPlacesAreKeptExactlyAsGiven) {

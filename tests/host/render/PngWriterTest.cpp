@@ -10,6 +10,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/TemporaryDirectory.h"
+
 namespace vexhost {
 namespace {
 
@@ -47,16 +49,8 @@ Image pattern(int width, int height) {
 
 class PngWriterTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        directory_ = fs::temp_directory_path() /
-                     ("vexhost-png-" + std::to_string(getpid()) + "-" +
-                      ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(directory_);
-        fs::create_directories(directory_);
-    }
-    void TearDown() override { fs::remove_all(directory_); }
-
-    fs::path directory_;
+    const vextest::TemporaryDirectory scratch_{"vexhost-png"};
+    const fs::path directory_ = scratch_.path();
 };
 
 TEST_F(PngWriterTest, PictureReadsBackWithTheSamePixels) {

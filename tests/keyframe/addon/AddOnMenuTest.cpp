@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Host.h"
 
@@ -14,8 +15,8 @@ namespace vexutiltools {
 namespace {
 
 const std::string NotAllowed = "Keyframe animation is only allowed with 3D plots.";
-const std::string Lock = "VexUtilLockStart(\"Key Frame Animation\")";
-const std::string Unlock = "VexUtilLockFinish(\"Key Frame Animation\")";
+const std::string Lock = vextest::addOnLockStart();
+const std::string Unlock = vextest::addOnLockFinish();
 
 class AddOnMenuTest : public vextest::AddOnTest {
 protected:
@@ -77,8 +78,8 @@ TEST_F(AddOnMenuTest, CheckRunsInAnInnerLockWithinTheCallbacksLock) {
     // After the check the allowed callback goes on to open the main dialog, still in its lock.
     const std::vector<std::string> log = host().callLog().take();
     ASSERT_GE(log.size(), 6u);
-    EXPECT_EQ((std::vector<std::string>{Lock, Lock, "VexUtilFrameGetCount()",
-                                        "VexUtilFrameGetPlotType()", Unlock}),
+    EXPECT_EQ((std::vector<std::string>{Lock, Lock, vextest::callLine("VexUtilFrameGetCount"),
+                                        vextest::callLine("VexUtilFrameGetPlotType"), Unlock}),
               std::vector<std::string>(log.begin(), log.begin() + 5));
     EXPECT_EQ(log.back(), Unlock);
 }
@@ -86,9 +87,10 @@ TEST_F(AddOnMenuTest, CheckRunsInAnInnerLockWithinTheCallbacksLock) {
 TEST_F(AddOnMenuTest, ErrorIsShownAfterTheCheckReleasedItsLock) {
     host().callLog().setEnabled(true);
     ASSERT_TRUE(chooseMenuItem());
-    EXPECT_EQ((std::vector<std::string>{Lock, Lock, "VexUtilFrameGetCount()", Unlock,
-                                        "VexUtilDialogErrMsg(\"" + NotAllowed + "\")", Unlock}),
-              host().callLog().take());
+    EXPECT_EQ(
+        (std::vector<std::string>{Lock, Lock, vextest::callLine("VexUtilFrameGetCount"), Unlock,
+                                  "VexUtilDialogErrMsg(\"" + NotAllowed + "\")", Unlock}),
+        host().callLog().take());
 }
 
 }  // namespace

@@ -6,29 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "ThreeFramesFixture.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class FramePopperLightweightTest : public vextest::AddOnTest {
-protected:
-    // Three frames; the last created is on top and active: stack order 3, 2, 1.
-    void SetUp() override {
-        AddOnTest::SetUp();
-        for (int i = 0; i < 3; ++i)
-            host().frames().create(VexPlotType_Cartesian3D);
-    }
-
-    std::vector<VexUniqueID_t> stackOrder() const {
-        std::vector<VexUniqueID_t> ids;
-        for (int i = 0; i < host().frames().count(); ++i)
-            ids.push_back(host().frames().at(static_cast<std::size_t>(i)).uniqueId());
-        return ids;
-    }
-};
+using FramePopperLightweightTest = vextest::ThreeFramesFixture;
 
 TEST_F(FramePopperLightweightTest, VisitsEveryFrameTopFirstWithoutReordering) {
     const std::vector<VexUniqueID_t> before = stackOrder();
@@ -48,10 +34,11 @@ TEST_F(FramePopperLightweightTest, DestroyedRightAfterConstructionVisitsTheRestA
     host().callLog().setEnabled(true);
     { FramePopperLightweight popper; }
     EXPECT_EQ((std::vector<std::string>{
-                  "VexUtilLockStart(\"Key Frame Animation\")", "VexUtilFrameLightweightPopStart()",
-                  "VexUtilFrameLightweightPopNext()", "VexUtilFrameLightweightPopNext()",
-                  "VexUtilFrameLightweightPopNext()", "VexUtilFrameLightweightPopEnd()",
-                  "VexUtilLockFinish(\"Key Frame Animation\")"}),
+                  vextest::addOnLockStart(), vextest::callLine("VexUtilFrameLightweightPopStart"),
+                  vextest::callLine("VexUtilFrameLightweightPopNext"),
+                  vextest::callLine("VexUtilFrameLightweightPopNext"),
+                  vextest::callLine("VexUtilFrameLightweightPopNext"),
+                  vextest::callLine("VexUtilFrameLightweightPopEnd"), vextest::addOnLockFinish()}),
               host().callLog().take());
     EXPECT_FALSE(host().frames().isLightweightPopping());
 }

@@ -6,30 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "ThreeFramesFixture.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class FramePopperTest : public vextest::AddOnTest {
-protected:
-    // Three frames; the last created is on top and active: stack order 3, 2, 1.
-    void SetUp() override {
-        AddOnTest::SetUp();
-        for (int i = 0; i < 3; ++i)
-            host().frames().create(VexPlotType_Cartesian3D);
-    }
-
-    std::vector<VexUniqueID_t> stackOrder() const {
-        std::vector<VexUniqueID_t> ids;
-        for (int i = 0; i < host().frames().count(); ++i)
-            ids.push_back(host().frames().at(static_cast<std::size_t>(i)).uniqueId());
-        return ids;
-    }
-    VexUniqueID_t activeId() const { return host().frames().active()->uniqueId(); }
-};
+using FramePopperTest = vextest::ThreeFramesFixture;
 
 TEST_F(FramePopperTest, DestroyedRightAfterConstructionStillCyclesThroughAllFrames) {
     const std::vector<VexUniqueID_t> before = stackOrder();
@@ -38,10 +23,10 @@ TEST_F(FramePopperTest, DestroyedRightAfterConstructionStillCyclesThroughAllFram
     const std::vector<std::string> log = host().callLog().take();
     int pushes = 0;
     for (const std::string& entry : log)
-        pushes += entry == "VexUtilFramePushTop()";
+        pushes += entry == vextest::callLine("VexUtilFramePushTop");
     EXPECT_EQ(3, pushes);
     ASSERT_GE(log.size(), 3u);
-    EXPECT_EQ("VexUtilFrameActivateByUniqueID(3)", log[log.size() - 3])
+    EXPECT_EQ(vextest::callLine("VexUtilFrameActivateByUniqueID", {3}), log[log.size() - 3])
         << "the frame active before is activated again";
     EXPECT_EQ(before, stackOrder());
     EXPECT_EQ(3, activeId());
@@ -94,13 +79,16 @@ TEST_F(FramePopperTest, ExactHostCallsWithOneFrame) {
     host().callLog().setEnabled(true);
     { FramePopper popper; }
     const std::string idText = std::to_string(id);
-    EXPECT_EQ((std::vector<std::string>{
-                  "VexUtilLockStart(\"Key Frame Animation\")", "VexUtilFrameGetUniqueID()",
-                  "VexUtilFrameActivateTop()", "VexUtilFrameGetUniqueID()",
-                  "VexUtilDrawGraphics(false)", "VexUtilFramePushTop()",
-                  "VexUtilFrameGetUniqueID()", "VexUtilFrameActivateByUniqueID(" + idText + ")",
-                  "VexUtilDrawGraphics(true)", "VexUtilLockFinish(\"Key Frame Animation\")"}),
-              host().callLog().take());
+    EXPECT_EQ(
+        (std::vector<std::string>{
+            vextest::addOnLockStart(), vextest::callLine("VexUtilFrameGetUniqueID"),
+            vextest::callLine("VexUtilFrameActivateTop"),
+            vextest::callLine("VexUtilFrameGetUniqueID"),
+            vextest::callLine("VexUtilDrawGraphics", {false}),
+            vextest::callLine("VexUtilFramePushTop"), vextest::callLine("VexUtilFrameGetUniqueID"),
+            "VexUtilFrameActivateByUniqueID(" + idText + ")",
+            vextest::callLine("VexUtilDrawGraphics", {true}), vextest::addOnLockFinish()}),
+        host().callLog().take());
 }
 
 TEST_F(FramePopperTest, RestoresFramesDrawingAndLockWhenAnExceptionPasses) {

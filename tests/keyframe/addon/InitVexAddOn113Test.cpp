@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "addon/AddOn.h"
+#include "support/CallLogLines.h"
 #include "support/HostTest.h"
 #include "vexhost/Host.h"
 
@@ -20,13 +21,14 @@ TEST_F(InitVexAddOn113Test, RegistersMenuAndMacroCallbackInOrderUnderTheHostLock
     InitVexAddOn113();
     const std::vector<std::string> log = host().callLog().take();
     ASSERT_EQ(5u, log.size());
-    EXPECT_EQ("VexUtilLockOn()", log[0]);
-    EXPECT_EQ(
-        "VexUtilAddOnRegister(110, \"Key Frame Animation\", \"1.0.0\", \"Vexplot Add-on Team\")",
-        log[1]);
-    EXPECT_EQ("VexUtilMenuAddOption(\"Animate\", \"&Key Frame Animation...\", 1)", log[2]);
-    EXPECT_EQ("VexUtilMacroAddCommandCallback(\"Key Frame Animation\")", log[3]);
-    EXPECT_EQ("VexUtilLockOff()", log[4]);
+    EXPECT_EQ(vextest::callLine("VexUtilLockOn"), log[0]);
+    EXPECT_EQ(vextest::callLine("VexUtilAddOnRegister",
+                                {110, "Key Frame Animation", "1.0.0", "Vexplot Add-on Team"}),
+              log[1]);
+    EXPECT_EQ(vextest::callLine("VexUtilMenuAddOption", {"Animate", "&Key Frame Animation...", 1}),
+              log[2]);
+    EXPECT_EQ(vextest::callLine("VexUtilMacroAddCommandCallback", {"Key Frame Animation"}), log[3]);
+    EXPECT_EQ(vextest::callLine("VexUtilLockOff"), log[4]);
 }
 
 TEST_F(InitVexAddOn113Test, HostKnowsTheAddOnByNameWithSdkVersion110) {

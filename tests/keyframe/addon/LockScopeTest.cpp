@@ -9,6 +9,7 @@
 
 #include "addon/AddOn.h"
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -33,10 +34,8 @@ TEST_F(LockScopeTest, NestedScopesStartAndFinishOncePerScope) {
         LockScope inner;
         EXPECT_EQ(2, host().lock().depth());
     }
-    EXPECT_EQ((std::vector<std::string>{"VexUtilLockStart(\"Key Frame Animation\")",
-                                        "VexUtilLockStart(\"Key Frame Animation\")",
-                                        "VexUtilLockFinish(\"Key Frame Animation\")",
-                                        "VexUtilLockFinish(\"Key Frame Animation\")"}),
+    EXPECT_EQ((std::vector<std::string>{vextest::addOnLockStart(), vextest::addOnLockStart(),
+                                        vextest::addOnLockFinish(), vextest::addOnLockFinish()}),
               host().callLog().take());
 }
 

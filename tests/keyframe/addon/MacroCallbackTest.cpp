@@ -7,6 +7,7 @@
 
 #include "addon/HostString.h"
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -38,11 +39,11 @@ TEST_F(MacroCallbackTest, AllocatesTheMessageLengthPlus29UnderTheLock) {
     EXPECT_EQ("Key Frame Animation error:\n" + UnknownCommand, errorText.str());
     const std::vector<std::string> log = host().callLog().take();
     ASSERT_EQ(3u, log.size());
-    EXPECT_EQ("VexUtilLockStart(\"Key Frame Animation\")", log[0]);
+    EXPECT_EQ(vextest::addOnLockStart(), log[0]);
     EXPECT_EQ("VexUtilStringAlloc(" + std::to_string(UnknownCommand.size() + 29) +
                   ", \"Key Frame Animation macro error\")",
               log[1]);
-    EXPECT_EQ("VexUtilLockFinish(\"Key Frame Animation\")", log[2]);
+    EXPECT_EQ(vextest::addOnLockFinish(), log[2]);
 }
 
 TEST_F(MacroCallbackTest, RefusedAllocationFailsWithNothingStored) {

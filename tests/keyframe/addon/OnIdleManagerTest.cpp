@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -52,7 +53,8 @@ TEST_F(OnIdleManagerTest, QueuesTheIdleCallbackOnceAndTakesNoLockWhenIdle) {
     host().callLog().setEnabled(true);
     manager.queueCallback([this] { ran.push_back("work"); });
     manager.queueCallback([this] { ran.push_back("dropped"); });
-    EXPECT_EQ(std::vector<std::string>{"VexUtilOnIdleQueueAddCallback()"}, host().callLog().take());
+    EXPECT_EQ(std::vector<std::string>{vextest::callLine("VexUtilOnIdleQueueAddCallback")},
+              host().callLog().take());
     host().idleQueue().runUntilEmpty();
     EXPECT_TRUE(host().callLog().take().empty());
 }

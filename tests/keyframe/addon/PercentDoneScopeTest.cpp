@@ -8,6 +8,7 @@
 
 #include "addon/LockScope.h"
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -99,7 +100,8 @@ TEST_F(PercentDoneScopeTest, StartsAndFinishesTheStatusThroughTheHost) {
     }
     EXPECT_EQ((std::vector<std::string>{
                   "VexUtilStatusStartPercentDone(\"Animating...." + Hint + "\", true, true)",
-                  "VexUtilStatusCheckPercentDone(50)", "VexUtilStatusFinishPercentDone()"}),
+                  vextest::callLine("VexUtilStatusCheckPercentDone", {50}),
+                  vextest::callLine("VexUtilStatusFinishPercentDone")}),
               host().callLog().take());
     EXPECT_FALSE(host().progress().isOpen());
 }

@@ -8,6 +8,7 @@
 
 #include "addon/AddOn.h"
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -59,9 +60,9 @@ TEST_F(StateChangeListenerTest, RegistersWithTheHostInMode2UnderTheLock) {
     listener.startListening();
     const std::vector<std::string> log = host().callLog().take();
     ASSERT_EQ(3u, log.size());
-    EXPECT_EQ("VexUtilLockStart(\"Key Frame Animation\")", log[0]);
-    EXPECT_EQ("VexUtilStateChangeAddCallback(2)", log[1]);
-    EXPECT_EQ("VexUtilLockFinish(\"Key Frame Animation\")", log[2]);
+    EXPECT_EQ(vextest::addOnLockStart(), log[0]);
+    EXPECT_EQ(vextest::callLine("VexUtilStateChangeAddCallback", {2}), log[1]);
+    EXPECT_EQ(vextest::addOnLockFinish(), log[2]);
     EXPECT_EQ(1u, host().stateChanges().listenerCount());
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -24,9 +25,9 @@ TEST_F(SuspendGraphicsTest, TakesTheLockThenSuspendsDrawingAndUndoesBothInRevers
         EXPECT_EQ(1, host().lock().depth());
     }
     EXPECT_FALSE(host().drawing().isSuspended());
-    EXPECT_EQ((std::vector<std::string>{"VexUtilLockStart(\"Key Frame Animation\")",
-                                        "VexUtilDrawGraphics(false)", "VexUtilDrawGraphics(true)",
-                                        "VexUtilLockFinish(\"Key Frame Animation\")"}),
+    EXPECT_EQ((std::vector<std::string>{
+                  vextest::addOnLockStart(), vextest::callLine("VexUtilDrawGraphics", {false}),
+                  vextest::callLine("VexUtilDrawGraphics", {true}), vextest::addOnLockFinish()}),
               host().callLog().take());
 }
 

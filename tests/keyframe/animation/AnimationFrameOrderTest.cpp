@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "animation/AnimationManager.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -14,15 +15,17 @@ namespace {
 
 // The host writes of a log, by kind, runs of one kind counted once.
 std::vector<std::string> writesByKind(const std::vector<std::string>& log) {
-    const std::pair<const char*, const char*> kinds[] = {
-        {"VexUtilStyleSetLowLevelX(\"ThreeDView\"", "view"},
-        {"VexUtilStyleSetLowLevelX(\"GlobalThreeD\", \"LightSource\"", "lighting"},
-        {"VexUtilStyleSetLowLevelX(\"StreamAttributes\", \"StreamTiming\", \"TimeAnchor\"",
+    const std::pair<std::string, const char*> kinds[] = {
+        {vextest::callLineStart("VexUtilStyleSetLowLevelX", {"ThreeDView"}), "view"},
+        {vextest::callLineStart("VexUtilStyleSetLowLevelX", {"GlobalThreeD", "LightSource"}),
+         "lighting"},
+        {vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                {"StreamAttributes", "StreamTiming", "TimeAnchor"}),
          "anchor"},
-        {"VexUtilSolutionTimeSetCurrent(", "time"},
-        {"VexUtilRedraw(", "redraw"},
-        {"VexUtilExportStart(", "export-start"},
-        {"VexUtilExportNextFrame(", "export-frame"},
+        {vextest::callLineStart("VexUtilSolutionTimeSetCurrent"), "time"},
+        {vextest::callLineStart("VexUtilRedraw"), "redraw"},
+        {vextest::callLineStart("VexUtilExportStart"), "export-start"},
+        {vextest::callLineStart("VexUtilExportNextFrame"), "export-frame"},
     };
     std::vector<std::string> writes;
     for (const std::string& line : log)
@@ -47,10 +50,10 @@ std::vector<std::vector<std::string>> frames(const std::vector<std::string>& wri
     return result;
 }
 
-class AnimationFrameOrderTest : public vextest::AnimationTest {
+class AnimationFrameOrderTest : public vextest::AnimationFixture {
 protected:
     void SetUp() override {
-        AnimationTest::SetUp();
+        AnimationFixture::SetUp();
         addZone(0, 1);
         addZone(1, 1);
     }

@@ -5,19 +5,21 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class AnimationHostQueriesTest : public vextest::AnimationTest {};
+class AnimationHostQueriesTest : public vextest::AnimationFixture {};
 
 TEST_F(AnimationHostQueriesTest, WithoutADataSetNothingIsTransient) {
     startCallLog();
     EXPECT_FALSE(isDataSetTransient());
-    EXPECT_TRUE(linesStartingWith(takeCallLog(), "VexUtilZoneGetEnabled(").empty());
+    EXPECT_TRUE(
+        linesStartingWith(takeCallLog(), vextest::callLineStart("VexUtilZoneGetEnabled")).empty());
 }
 
 TEST_F(AnimationHostQueriesTest, ZonesOfNoStrandAreNotTransient) {
@@ -38,8 +40,9 @@ TEST_F(AnimationHostQueriesTest, AnEnabledZoneOfAStrandIsTransientAndEndsTheWalk
     addZone(2, 2);
     startCallLog();
     EXPECT_TRUE(isDataSetTransient());
-    EXPECT_EQ((std::vector<std::string>{"VexUtilZoneGetStrandID(1)", "VexUtilZoneGetStrandID(2)"}),
-              linesStartingWith(takeCallLog(), "VexUtilZoneGetStrandID("));
+    EXPECT_EQ((std::vector<std::string>{vextest::callLine("VexUtilZoneGetStrandID", {1}),
+                                        vextest::callLine("VexUtilZoneGetStrandID", {2})}),
+              linesStartingWith(takeCallLog(), vextest::callLineStart("VexUtilZoneGetStrandID")));
 }
 
 struct StreamCase {

@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -18,7 +19,7 @@ namespace {
 
 const std::string AnimatingText = "Animating.... Press [Esc] or click [Stop] to cancel.";
 
-class AnimationManagerTest : public vextest::AnimationTest {
+class AnimationManagerTest : public vextest::AnimationFixture {
 protected:
     // Frame counts 3, 2, 7 with psi 0, 30, 50: frame f of the whole list shows psi 10 f.
     std::vector<KeyFrame_s> threeKeyFrames() { return keyFramesWithPsi({0, 30, 50}, {3, 2, 7}); }
@@ -102,9 +103,9 @@ TEST_F(AnimationManagerTest, AFrameThatIsNot3DIsRefusedBeforeAnythingIsBuilt) {
     startCallLog();
     EXPECT_EQ("The current frame must be in 3D Cartesian mode.",
               animateError(threeKeyFrames(), 0, 3, AnimationSettings_s()));
-    EXPECT_EQ((std::vector<std::string>{"VexUtilLockStart(\"Key Frame Animation\")",
-                                        "VexUtilFrameGetPlotType()",
-                                        "VexUtilLockFinish(\"Key Frame Animation\")"}),
+    EXPECT_EQ((std::vector<std::string>{vextest::addOnLockStart(),
+                                        vextest::callLine("VexUtilFrameGetPlotType"),
+                                        vextest::addOnLockFinish()}),
               takeCallLog());
 }
 
@@ -130,10 +131,11 @@ TEST_F(AnimationManagerTest, StopAtTheFirstCheckCancelsAfterOneFrameAndRedraws) 
         logFrom(takeCallLog(), "VexUtilStatusStartPercentDone(\"Animating");
     // Frame 0 drawn, the check that answered Stop, then the redraw of the cancel.
     EXPECT_EQ((std::vector<double>{0, 0}), psiAtEachRedraw(run));
-    const std::vector<std::string> afterFrame = logFrom(run, "VexUtilStatusCheckPercentDone(");
+    const std::vector<std::string> afterFrame =
+        logFrom(run, vextest::callLineStart("VexUtilStatusCheckPercentDone"));
     ASSERT_GE(afterFrame.size(), 2u);
-    EXPECT_EQ("VexUtilStatusCheckPercentDone(14)", afterFrame[0]);
-    EXPECT_EQ("VexUtilRedraw(true)", afterFrame[1]);
+    EXPECT_EQ(vextest::callLine("VexUtilStatusCheckPercentDone", {14}), afterFrame[0]);
+    EXPECT_EQ(vextest::callLine("VexUtilRedraw", {true}), afterFrame[1]);
     EXPECT_EQ(2u, host().drawing().drawnFrames());
     expectRestored(before);
 }
@@ -153,15 +155,17 @@ TEST_F(AnimationManagerTest, DisplayListsAreOffDuringTheRunAndSwitchedBack) {
     for (const std::string& line : displayLists)
         if (line.find("\"Interface\"") != std::string::npos)
             interfaceCalls.push_back(line);
-    EXPECT_EQ((std::vector<std::string>{
-                  "VexUtilStyleGetLowLevelX(\"Interface\", \"UseDisplayLists\")",
-                  "VexUtilStyleSetLowLevelX(\"Interface\", \"UseDisplayLists\", false)",
-                  "VexUtilStyleSetLowLevelX(\"Interface\", \"UseDisplayLists\", true)"}),
-              interfaceCalls);
+    EXPECT_EQ(
+        (std::vector<std::string>{
+            vextest::callLine("VexUtilStyleGetLowLevelX", {"Interface", "UseDisplayLists"}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"Interface", "UseDisplayLists", false}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"Interface", "UseDisplayLists", true})}),
+        interfaceCalls);
     // Off before the first frame is drawn.
-    const std::vector<std::string> fromOff =
-        logFrom(log, "VexUtilStyleSetLowLevelX(\"Interface\", \"UseDisplayLists\", false)");
-    EXPECT_EQ(6u, linesStartingWith(fromOff, "VexUtilRedraw(").size());
+    const std::vector<std::string> fromOff = logFrom(
+        log,
+        vextest::callLine("VexUtilStyleSetLowLevelX", {"Interface", "UseDisplayLists", false}));
+    EXPECT_EQ(6u, linesStartingWith(fromOff, vextest::callLineStart("VexUtilRedraw")).size());
 }
 
 TEST_F(AnimationManagerTest, DisplayListsThatWereOffStayOff) {
@@ -183,20 +187,24 @@ TEST_F(AnimationManagerTest, TheRunEndsInOrderDisplayListsStatusChainLock) {
     startCallLog();
     ASSERT_EQ("", animateError(threeKeyFrames(), 0, 3, settings, AnimationManager::RecordMacro));
     const std::vector<std::string> tail =
-        logFrom(takeCallLog(), "VexUtilStatusCheckPercentDone(85)");
-    EXPECT_EQ((std::vector<std::string>{
-                  "VexUtilStatusCheckPercentDone(85)", "VexUtilMacroIsRecordingActive()",
-                  "VexUtilStyleSetLowLevelX(\"Interface\", \"UseDisplayLists\", true)",
-                  "VexUtilStatusFinishPercentDone()",
-                  "VexUtilStyleSetLowLevelX(\"GlobalThreeD\", \"LightSource\", \"Intensity\", 75)",
-                  "VexUtilStyleSetLowLevelX(\"GlobalThreeD\", \"LightSource\", "
-                  "\"BackgroundLight\", 25)",
-                  "VexUtilStyleSetLowLevelX(\"ThreeDAxis\", \"FrameAxis\", \"Show\", true)",
-                  "VexUtilStyleSetLowLevelX(\"StreamAttributes\", \"StreamTiming\", "
-                  "\"TimeAnchor\", 0)",
-                  "VexUtilExportIsRecording()", "VexUtilExportFinish()",
-                  "VexUtilLockFinish(\"Key Frame Animation\")"}),
-              tail);
+        logFrom(takeCallLog(), vextest::callLine("VexUtilStatusCheckPercentDone", {85}));
+    EXPECT_EQ(
+        (std::vector<std::string>{
+            vextest::callLine("VexUtilStatusCheckPercentDone", {85}),
+            vextest::callLine("VexUtilMacroIsRecordingActive"),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"Interface", "UseDisplayLists", true}),
+            vextest::callLine("VexUtilStatusFinishPercentDone"),
+            vextest::callLine("VexUtilStyleSetLowLevelX",
+                              {"GlobalThreeD", "LightSource", "Intensity", 75}),
+            "VexUtilStyleSetLowLevelX(\"GlobalThreeD\", \"LightSource\", "
+            "\"BackgroundLight\", 25)",
+            vextest::callLine("VexUtilStyleSetLowLevelX",
+                              {"ThreeDAxis", "FrameAxis", "Show", true}),
+            "VexUtilStyleSetLowLevelX(\"StreamAttributes\", \"StreamTiming\", "
+            "\"TimeAnchor\", 0)",
+            vextest::callLine("VexUtilExportIsRecording"), vextest::callLine("VexUtilExportFinish"),
+            vextest::addOnLockFinish()}),
+        tail);
 }
 
 // ---- Recording "Animate" ----

@@ -7,7 +7,7 @@
 #include <typeinfo>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "addon/LockScope.h"
 #include "animation/AnimatorAbstract.h"
 #include "animation/AnimatorFade.h"
@@ -56,7 +56,7 @@ struct ChainCase {
     std::vector<std::string> stages;
 };
 
-class AnimatorAbstractFactoryTest : public vextest::AnimationTest {};
+class AnimatorAbstractFactoryTest : public vextest::AnimationFixture {};
 
 TEST_F(AnimatorAbstractFactoryTest, BuildsTheChainTheSettingsAskFor) {
     addZone(0, 1);

@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "addon/LockScope.h"
 #include "animation/AnimatorOnScreen.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -18,10 +19,10 @@ namespace {
 
 using StyleStorePath = vexhost::StyleStore::Path;
 
-const std::string IntensitySet =
-    "VexUtilStyleSetLowLevelX(\"GlobalThreeD\", \"LightSource\", \"Intensity\"";
-const std::string BackgroundSet =
-    "VexUtilStyleSetLowLevelX(\"GlobalThreeD\", \"LightSource\", \"BackgroundLight\"";
+const std::string IntensitySet = vextest::callLineStart(
+    "VexUtilStyleSetLowLevelX", {"GlobalThreeD", "LightSource", "Intensity"});
+const std::string BackgroundSet = vextest::callLineStart(
+    "VexUtilStyleSetLowLevelX", {"GlobalThreeD", "LightSource", "BackgroundLight"});
 
 AnimationSettings_s fadeSettings(bool fadeIn, bool fadeOut) {
     AnimationSettings_s settings;
@@ -30,10 +31,10 @@ AnimationSettings_s fadeSettings(bool fadeIn, bool fadeOut) {
     return settings;
 }
 
-class AnimatorFadeTest : public vextest::AnimationTest {
+class AnimatorFadeTest : public vextest::AnimationFixture {
 protected:
     void SetUp() override {
-        AnimationTest::SetUp();
+        AnimationFixture::SetUp();
         host().style().setDouble({"GlobalThreeD", "LightSource", "Intensity"}, 80);
         host().style().setDouble({"GlobalThreeD", "LightSource", "BackgroundLight"}, 20);
     }
@@ -190,7 +191,7 @@ TEST_F(AnimatorFadeTest, ASelectionAwayFromBothEndsRunsWithoutFading) {
               animateError(keyFramesWithCounts({10, 20, 20, 1}), 1, 1, fadeSettings(true, true)));
     const std::vector<std::string> run =
         logFrom(takeCallLog(), "VexUtilStatusStartPercentDone(\"Animating");
-    EXPECT_EQ(21u, linesStartingWith(run, "VexUtilRedraw(").size());
+    EXPECT_EQ(21u, linesStartingWith(run, vextest::callLineStart("VexUtilRedraw")).size());
     const std::vector<std::string> lighting = linesStartingWith(run, IntensitySet);
     EXPECT_EQ(std::vector<std::string>{IntensitySet + ", 80)"}, lighting) << "only the restoration";
     expectRestored(before);

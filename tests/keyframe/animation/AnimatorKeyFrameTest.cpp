@@ -9,11 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
 #include "animation/AnimationManager.h"
 #include "animation/AnimatorOnScreen.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -131,7 +132,7 @@ void expectNear(const KeyFrameView_s& expected, const KeyFrameView_s& actual,
     EXPECT_NEAR(expected.Width, actual.Width, tolerance);
 }
 
-class AnimatorKeyFrameTest : public vextest::AnimationTest {
+class AnimatorKeyFrameTest : public vextest::AnimationFixture {
 protected:
     // The views of a key frame stage built over the list, with the host lock held as the run
     // holds it.
@@ -166,7 +167,7 @@ TEST_F(AnimatorKeyFrameTest, Psi10To350TurnsMinus20TheShortWay) {
     const std::vector<std::string> psiTurns =
         linesStartingWith(takeCallLog(), "VexUtilViewRotate3D(3, ");
     ASSERT_FALSE(psiTurns.empty());
-    EXPECT_EQ("VexUtilViewRotate3D(3, -20, 0, 0, 0, 0)", psiTurns.front());
+    EXPECT_EQ(vextest::callLine("VexUtilViewRotate3D", {3, -20, 0, 0, 0, 0}), psiTurns.front());
     ASSERT_EQ(6u, views.size());
     const double expected[] = {10, 6, 2, -2, -6};
     for (int i = 0; i < 5; ++i)
@@ -178,7 +179,7 @@ TEST_F(AnimatorKeyFrameTest, ExactlyHalfATurnIsNotShortened) {
     const std::vector<KeyFrame_s> keyFrames = keyFramesWithPsi({-90, 90}, {2, 1});
     startCallLog();
     viewsOf(keyFrames);
-    EXPECT_EQ("VexUtilViewRotate3D(3, 180, 0, 0, 0, 0)",
+    EXPECT_EQ(vextest::callLine("VexUtilViewRotate3D", {3, 180, 0, 0, 0, 0}),
               linesStartingWith(takeCallLog(), "VexUtilViewRotate3D(3, ").front());
 }
 
@@ -218,7 +219,8 @@ TEST_F(AnimatorKeyFrameTest, EveryTurnIsMadeInTheOrderAlphaPsiTheta) {
     startCallLog();
     viewsOf(keyFramesWithCounts({3, 1}));
     std::vector<std::string> axes;
-    for (const std::string& line : linesStartingWith(takeCallLog(), "VexUtilViewRotate3D("))
+    for (const std::string& line :
+         linesStartingWith(takeCallLog(), vextest::callLineStart("VexUtilViewRotate3D")))
         axes.push_back(line.substr(20, 1));
     ASSERT_EQ(12u, axes.size()) << "two passes of a delta and a step, three turns each";
     for (std::size_t i = 0; i < axes.size(); i += 3)
@@ -234,17 +236,19 @@ TEST_F(AnimatorKeyFrameTest, OneIntermediateViewMakesTheHostCallsOfOnePassInOrde
     // After the status start: the delta (apply `from`, turn, capture), the step (apply `from`,
     // turn, capture, move on), the capture of the view reached, and the check.
     std::vector<std::string> kinds;
-    for (const std::string& line : logFrom(log, "VexUtilStatusStartPercentDone(")) {
-        if (startsWith(line, "VexUtilViewRotate3D("))
+    for (const std::string& line :
+         logFrom(log, vextest::callLineStart("VexUtilStatusStartPercentDone"))) {
+        if (startsWith(line, vextest::callLineStart("VexUtilViewRotate3D")))
             kinds.push_back("turn");
-        else if (startsWith(line, "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"PSIAngle\""))
+        else if (startsWith(line, vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                                         {"ThreeDView", "PSIAngle"})))
             kinds.push_back("apply");
-        else if (startsWith(line,
-                            "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"ViewerPosition\", \"X\""))
+        else if (startsWith(line, vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                                         {"ThreeDView", "ViewerPosition", "X"})))
             kinds.push_back("move");
-        else if (startsWith(line, "VexUtilThreeDViewGetViewerPos("))
+        else if (startsWith(line, vextest::callLineStart("VexUtilThreeDViewGetViewerPos")))
             kinds.push_back("capture");
-        else if (startsWith(line, "VexUtilStatusCheckPercentDone("))
+        else if (startsWith(line, vextest::callLineStart("VexUtilStatusCheckPercentDone")))
             kinds.push_back("check");
     }
     EXPECT_EQ((std::vector<std::string>{"apply", "move", "turn", "turn", "turn", "capture", "apply",
@@ -254,7 +258,7 @@ TEST_F(AnimatorKeyFrameTest, OneIntermediateViewMakesTheHostCallsOfOnePassInOrde
     EXPECT_EQ(
         "VexUtilStatusStartPercentDone(\"Creating interpolated views.... Press [Esc] or "
         "click [Stop] to cancel.\", true, true)",
-        linesStartingWith(log, "VexUtilStatusStartPercentDone(").front());
+        linesStartingWith(log, vextest::callLineStart("VexUtilStatusStartPercentDone")).front());
 }
 
 TEST_F(AnimatorKeyFrameTest, TheStepSetsTheWidthWithPerspectiveOffAndPutsPerspectiveBack) {
@@ -266,20 +270,26 @@ TEST_F(AnimatorKeyFrameTest, TheStepSetsTheWidthWithPerspectiveOffAndPutsPerspec
     const std::vector<std::string> log = takeCallLog();
     std::vector<std::string> step;
     for (std::size_t i = 1; i < log.size() && step.empty(); ++i)
-        if (startsWith(log[i - 1], "VexUtilThreeDViewGetProjection(") &&
-            startsWith(log[i],
-                       "VexUtilStyleSetLowLevelX(\"ThreeDView\", \"ViewerPosition\", \"X\""))
+        if (startsWith(log[i - 1], vextest::callLineStart("VexUtilThreeDViewGetProjection")) &&
+            startsWith(log[i], vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                                      {"ThreeDView", "ViewerPosition", "X"})))
             step.assign(log.begin() + static_cast<std::ptrdiff_t>(i), log.end());
     ASSERT_GE(step.size(), 8u);
-    EXPECT_EQ(0u,
-              step[1].find("VexUtilStyleSetLowLevelX(\"ThreeDView\", \"ViewerPosition\", \"Y\""));
-    EXPECT_EQ(0u,
-              step[2].find("VexUtilStyleSetLowLevelX(\"ThreeDView\", \"ViewerPosition\", \"Z\""));
-    EXPECT_EQ("VexUtilStyleGetLowLevelX(\"ThreeDView\", \"DrawInPerspective\")", step[3]);
-    EXPECT_EQ("VexUtilStyleSetLowLevelX(\"ThreeDView\", \"DrawInPerspective\", false)", step[4]);
-    EXPECT_EQ(0u, step[5].find("VexUtilStyleSetLowLevelX(\"ThreeDView\", \"ViewWidth\""));
-    EXPECT_EQ("VexUtilStyleSetLowLevelX(\"ThreeDView\", \"DrawInPerspective\", true)", step[6]);
-    EXPECT_EQ("VexUtilDrawGraphics(true)", step[7]);
+    EXPECT_EQ(0u, step[1].find(vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                                      {"ThreeDView", "ViewerPosition", "Y"})));
+    EXPECT_EQ(0u, step[2].find(vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                                      {"ThreeDView", "ViewerPosition", "Z"})));
+    EXPECT_EQ(vextest::callLine("VexUtilStyleGetLowLevelX", {"ThreeDView", "DrawInPerspective"}),
+              step[3]);
+    EXPECT_EQ(
+        vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "DrawInPerspective", false}),
+        step[4]);
+    EXPECT_EQ(0u, step[5].find(vextest::callLineStart("VexUtilStyleSetLowLevelX",
+                                                      {"ThreeDView", "ViewWidth"})));
+    EXPECT_EQ(
+        vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "DrawInPerspective", true}),
+        step[6]);
+    EXPECT_EQ(vextest::callLine("VexUtilDrawGraphics", {true}), step[7]);
     EXPECT_TRUE(host().frames().active()->view().perspective());
 }
 

@@ -6,22 +6,23 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "addon/LockScope.h"
 #include "animation/AnimatorOnScreen.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-const std::string AnchorSet =
-    "VexUtilStyleSetLowLevelX(\"StreamAttributes\", \"StreamTiming\", \"TimeAnchor\"";
+const std::string AnchorSet = vextest::callLineStart(
+    "VexUtilStyleSetLowLevelX", {"StreamAttributes", "StreamTiming", "TimeAnchor"});
 
-class AnimatorStreamsTest : public vextest::AnimationTest {
+class AnimatorStreamsTest : public vextest::AnimationFixture {
 protected:
     void SetUp() override {
-        AnimationTest::SetUp();
+        AnimationFixture::SetUp();
         host().style().setDouble({"StreamAttributes", "StreamTiming", "TimeAnchor"}, 0.5);
         host().style().setDouble({"StreamAttributes", "StreamTiming", "DeltaTime"}, 2);
     }

@@ -7,11 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
 #include "animation/AnimationManager.h"
 #include "animation/AnimatorOnScreen.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -52,7 +53,7 @@ TEST(EvenlySpacedTimesTest, TheFirstIsExactlyTheStartAndTheLastTheEndUpToRoundin
     EXPECT_DOUBLE_EQ(0.7, times.back());
 }
 
-class AnimatorTimeTest : public vextest::AnimationTest {
+class AnimatorTimeTest : public vextest::AnimationFixture {
 protected:
     // Two key frames over T frames in all, with the given captured solution times.
     std::vector<KeyFrame_s> keyFramesOfTotal(uint64_t total, double firstTime = 0,
@@ -178,7 +179,8 @@ TEST_F(AnimatorTimeTest, ARunWithoutAnEnabledZoneIsRefusedBeforeTheViewMoves) {
     startCallLog();
     EXPECT_EQ(AnimatorTime::NoEnabledZone,
               animateError(keyFramesWithCounts({4, 4, 1}), 0, 3, settings));
-    EXPECT_TRUE(linesStartingWith(takeCallLog(), "VexUtilViewRotate3D(").empty());
+    EXPECT_TRUE(
+        linesStartingWith(takeCallLog(), vextest::callLineStart("VexUtilViewRotate3D")).empty());
     EXPECT_EQ(viewBefore, host().frames().active()->view());
     EXPECT_EQ(0u, host().progress().startCount());
     expectRestored(before);
@@ -201,9 +203,10 @@ TEST_F(AnimatorTimeTest, EachFrameSetsItsTimeAndFramesPastTheListAreOutOfRange) 
     startCallLog();
     stage.animateFrame(3);
     stage.animateFrame(1);
-    EXPECT_EQ((std::vector<std::string>{"VexUtilSolutionTimeSetCurrent(0.75)",
-                                        "VexUtilSolutionTimeSetCurrent(0.25)"}),
-              takeCallLog());
+    EXPECT_EQ(
+        (std::vector<std::string>{vextest::callLine("VexUtilSolutionTimeSetCurrent", {0.75}),
+                                  vextest::callLine("VexUtilSolutionTimeSetCurrent", {0.25})}),
+        takeCallLog());
     EXPECT_EQ("invalid vector subscript", vextest::errorOf([&] { stage.animateFrame(5); }));
     EXPECT_THROW(stage.animateFrame(5), std::out_of_range);
 }

@@ -6,9 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "AnimationTest.h"
+#include "AnimationFixture.h"
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -20,7 +21,7 @@ const std::string FormatMessage =
 const std::string InProgressMessage =
     "Unable to start animation export. Another export is already in progress.";
 
-class AnimatorToFileTest : public vextest::AnimationTest {
+class AnimatorToFileTest : public vextest::AnimationFixture {
 protected:
     void setExportFormat(int64_t format) {
         host().style().setInt({"ExportSetup", "ExportFormat"}, format);
@@ -47,8 +48,10 @@ protected:
 };
 
 TEST_F(AnimatorToFileTest, AOneFrameRunStartsAndFinishes) {
-    EXPECT_EQ((std::vector<std::string>{"VexUtilExportIsRecording()", "VexUtilExportStart()",
-                                        "VexUtilExportIsRecording()", "VexUtilExportFinish()"}),
+    EXPECT_EQ((std::vector<std::string>{vextest::callLine("VexUtilExportIsRecording"),
+                                        vextest::callLine("VexUtilExportStart"),
+                                        vextest::callLine("VexUtilExportIsRecording"),
+                                        vextest::callLine("VexUtilExportFinish")}),
               exportCallsOfFrames(1));
     EXPECT_EQ(1u, host().exporter().counts().starts);
     EXPECT_EQ(1u, host().exporter().counts().frames);
@@ -57,9 +60,9 @@ TEST_F(AnimatorToFileTest, AOneFrameRunStartsAndFinishes) {
 
 TEST_F(AnimatorToFileTest, ARunOfNFramesAddsNMinusOneFrames) {
     const std::vector<std::string> calls = exportCallsOfFrames(5);
-    EXPECT_EQ(1u, linesStartingWith(calls, "VexUtilExportStart()").size());
-    EXPECT_EQ(4u, linesStartingWith(calls, "VexUtilExportNextFrame()").size());
-    EXPECT_EQ(1u, linesStartingWith(calls, "VexUtilExportFinish()").size());
+    EXPECT_EQ(1u, linesStartingWith(calls, vextest::callLine("VexUtilExportStart")).size());
+    EXPECT_EQ(4u, linesStartingWith(calls, vextest::callLine("VexUtilExportNextFrame")).size());
+    EXPECT_EQ(1u, linesStartingWith(calls, vextest::callLine("VexUtilExportFinish")).size());
     EXPECT_EQ(5u, host().exporter().counts().frames);
     EXPECT_EQ(1u, host().exporter().counts().finishes);
 }
@@ -70,11 +73,11 @@ TEST_F(AnimatorToFileTest, TheFormatIsReadAsAnIntegerBeforeTheStart) {
     AnimatorToFile stage(keyFrames);
     startCallLog();
     stage.animateFrame(0);
-    EXPECT_EQ(
-        (std::vector<std::string>{"VexUtilExportIsRecording()",
-                                  "VexUtilStyleGetLowLevelX(\"ExportSetup\", \"ExportFormat\")",
-                                  "VexUtilExportStart()"}),
-        takeCallLog());
+    EXPECT_EQ((std::vector<std::string>{
+                  vextest::callLine("VexUtilExportIsRecording"),
+                  vextest::callLine("VexUtilStyleGetLowLevelX", {"ExportSetup", "ExportFormat"}),
+                  vextest::callLine("VexUtilExportStart")}),
+              takeCallLog());
 }
 
 TEST_F(AnimatorToFileTest, OnlyAnimationFormatsAreAccepted) {
@@ -120,9 +123,11 @@ TEST_F(AnimatorToFileTest, AnotherExportInProgressIsReportedBeforeTheFormatIsLoo
     startCallLog();
     EXPECT_EQ(InProgressMessage, animateError(keyFramesWithCounts({3, 1}), 0, 2, toFile()));
     const std::vector<std::string> log = takeCallLog();
-    EXPECT_TRUE(linesStartingWith(log, "VexUtilStyleGetLowLevelX(\"ExportSetup\"").empty());
+    EXPECT_TRUE(
+        linesStartingWith(log, vextest::callLineStart("VexUtilStyleGetLowLevelX", {"ExportSetup"}))
+            .empty());
     // The stage closes whatever export the host reports open when it is destroyed.
-    EXPECT_EQ(1u, linesStartingWith(log, "VexUtilExportFinish(").size());
+    EXPECT_EQ(1u, linesStartingWith(log, vextest::callLineStart("VexUtilExportFinish")).size());
     EXPECT_FALSE(host().exporter().isRecording());
 }
 
@@ -139,8 +144,8 @@ TEST_F(AnimatorToFileTest, CancelAbandonsTheMovieOnceAndNothingIsFinished) {
     startCallLog();
     EXPECT_EQ("Animation canceled.", animateError(keyFramesWithCounts({3, 2}), 0, 2, toFile()));
     const std::vector<std::string> log = takeCallLog();
-    EXPECT_EQ(1u, linesStartingWith(log, "VexUtilExportCancel()").size());
-    EXPECT_TRUE(linesStartingWith(log, "VexUtilExportFinish()").empty());
+    EXPECT_EQ(1u, linesStartingWith(log, vextest::callLine("VexUtilExportCancel")).size());
+    EXPECT_TRUE(linesStartingWith(log, vextest::callLine("VexUtilExportFinish")).empty());
     EXPECT_EQ(1u, host().exporter().counts().cancels);
     EXPECT_EQ(0u, host().exporter().counts().finishes);
     EXPECT_EQ(2u, host().exporter().counts().frames);
@@ -155,9 +160,9 @@ TEST_F(AnimatorToFileTest, CancelBeforeTheStartTouchesNoExport) {
         stage.cancel();
     }
     // Cancel and destruction only ask whether an export is open; with none, they close nothing.
-    EXPECT_EQ(
-        (std::vector<std::string>{"VexUtilExportIsRecording()", "VexUtilExportIsRecording()"}),
-        linesStartingWith(takeCallLog(), "VexUtilExport"));
+    EXPECT_EQ((std::vector<std::string>{vextest::callLine("VexUtilExportIsRecording"),
+                                        vextest::callLine("VexUtilExportIsRecording")}),
+              linesStartingWith(takeCallLog(), "VexUtilExport"));
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <ostream>
 #include <string>
 
-#include "KeyFrameFileTestSupport.h"
+#include "KeyFrameFileFixture.h"
 
 namespace vexplot {
 namespace vexutiltools {
@@ -188,7 +188,7 @@ const ReadErrorCase Cases[] = {
                "invalid vector subscript"),
 };
 
-class KeyFrameFileReadErrorTest : public KeyFrameFileTest,
+class KeyFrameFileReadErrorTest : public KeyFrameFileFixture,
                                   public ::testing::WithParamInterface<ReadErrorCase> {};
 
 TEST_P(KeyFrameFileReadErrorTest, FailsWithTheExactTextAndChangesNothing) {
@@ -202,7 +202,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, KeyFrameFileReadErrorTest, ::testing::ValuesIn(C
                              return std::string(info.param.name);
                          });
 
-using KeyFrameFileOpenTest = KeyFrameFileTest;
+using KeyFrameFileOpenTest = KeyFrameFileFixture;
 
 TEST_F(KeyFrameFileOpenTest, AMissingFileCannotBeOpened) {
     const ReadFailure failure = readFailing(directory_.file("absent.keyframe"));

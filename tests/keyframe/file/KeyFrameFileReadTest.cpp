@@ -8,14 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "KeyFrameFileTestSupport.h"
+#include "KeyFrameFileFixture.h"
 #include "addon/KeyFrameError.h"
+#include "support/KeyFrameData.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-using KeyFrameFileReadTest = KeyFrameFileTest;
+using KeyFrameFileReadTest = KeyFrameFileFixture;
 
 const std::string Header = "#!KeyFrame 1\n";
 
@@ -26,12 +27,7 @@ std::string section(const std::string& name, const std::string& position = "1 2 
 }
 
 KeyFrame_s sectionKeyFrame(const std::string& name, const KeyFrameView_s& view) {
-    KeyFrame_s keyFrame;
-    keyFrame.view = view;
-    keyFrame.name = name;
-    keyFrame.frameCount = 3;
-    keyFrame.solutionTime = 0.25;
-    return keyFrame;
+    return vextest::keyFrame(name, view, 3, 0.25);
 }
 
 TEST_F(KeyFrameFileReadTest, ReadsTheExampleFile) {
@@ -50,25 +46,15 @@ TEST_F(KeyFrameFileReadTest, ReadsTheExampleFile) {
 }
 
 TEST_F(KeyFrameFileReadTest, ASavedListReadsBackRoundedToSixSignificantDigits) {
-    KeyFrame_s first;
-    first.view = KeyFrameView_s{0.1234567, -98765.4321, 1e-7, 179.999999, -45.000001, 1e12, 3.3};
-    first.name = "  blanks  inside  ";
-    first.frameCount = 1234567;
-    first.solutionTime = 2.718281828;
-    KeyFrame_s second;
-    second.view = KeyFrameView_s{1, 2, 3, 4, 5, 6, 7};
-    second.name = "second";
-    second.frameCount = 1;
-    second.solutionTime = -0.5;
+    KeyFrame_s first = vextest::keyFrame(
+        "  blanks  inside  ", {0.1234567, -98765.4321, 1e-7, 179.999999, -45.000001, 1e12, 3.3},
+        1234567, 2.718281828);
+    const KeyFrame_s second = vextest::keyFrame("second", {1, 2, 3, 4, 5, 6, 7}, 1, -0.5);
     ListModelKeyFrame saved;
     saved.setItems({first, second});
-    AnimationSettings_s settings;
-    settings.AnimateTime = true;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::Loop;
-    settings.NumCycles = 2147483647;
-    settings.AnimateStreamtraces = false;
-    settings.FadeIn = true;
-    settings.FadeOut = true;
+    using namespace vextest::option;
+    AnimationSettings_s settings = vextest::animationSettings(
+        AnimateTime | FadeIn | FadeOut, TimeAnimationOperation_e::Loop, 2147483647);
 
     const std::string fileName = directory_.file("round-trip.keyframe");
     KeyFrameFile().write(fileName, settings, saved);
@@ -110,7 +96,7 @@ TEST_F(KeyFrameFileReadTest, EveryOperationNameSurvivesTheRoundTrip) {
 
 TEST_F(KeyFrameFileReadTest, AHeaderAloneEmptiesTheListAndKeepsTheSettings) {
     KeyFrameFile().read(createFile("\n  \n#!KeyFrame 1\n\n\t\n"), settings_, model_);
-    EXPECT_EQ(settings_, stateBeforeSettings());
+    EXPECT_EQ(settings_, vextest::settingsUnlikeAnyDefault());
     EXPECT_EQ(model_.getItemCount(), 0u);
     EXPECT_EQ(observer_.changes, std::vector<ListModelChange>{ListModelChange{}});
 }
@@ -118,7 +104,7 @@ TEST_F(KeyFrameFileReadTest, AHeaderAloneEmptiesTheListAndKeepsTheSettings) {
 TEST_F(KeyFrameFileReadTest, TheHeaderIsReadInAnyCaseWithAnyVersionUpToOne) {
     for (const char* header : {"#!keyframe 1", "#!KEYFRAME 1", "#!KeyFrame 0", "#!KeyFrame -5",
                                "  #!KeyFrame 1 anything after the version  ", "#!KeyFrame 1x"}) {
-        model_.setItems(stateBeforeKeyFrames());
+        model_.setItems(vextest::keyFramesUnlikeAnyDefault());
         KeyFrameFile().read(createFile(std::string(header) + "\n" + section("A")), settings_,
                             model_);
         EXPECT_EQ(model_.getItemCount(), 1u) << header;
@@ -154,7 +140,7 @@ TEST_F(KeyFrameFileReadTest,
                              "%Settings\n FadeOut true\n NumCycles 4\n NumCycles 9\n%Settings\n"
                              "%Settings\n AnimateTime false\n%Settings\n";
     KeyFrameFile().read(createFile(text), settings_, model_);
-    AnimationSettings_s expected = stateBeforeSettings();
+    AnimationSettings_s expected = vextest::settingsUnlikeAnyDefault();
     expected.FadeOut = true;
     expected.NumCycles = 9;
     expected.AnimateTime = false;

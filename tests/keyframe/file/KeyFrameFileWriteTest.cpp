@@ -6,14 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "KeyFrameFileTestSupport.h"
+#include "KeyFrameFileFixture.h"
 #include "addon/KeyFrameError.h"
+#include "support/KeyFrameData.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-using KeyFrameFileWriteTest = KeyFrameFileTest;
+using KeyFrameFileWriteTest = KeyFrameFileFixture;
 
 std::string writeMessage(const std::string& fileName, const AnimationSettings_s& settings,
                          const ListModelKeyFrame& keyFrames) {
@@ -34,14 +35,10 @@ TEST_F(KeyFrameFileWriteTest, WritesTheExampleFileByteForByte) {
 }
 
 TEST_F(KeyFrameFileWriteTest, WritesEverySettingAndLeavesTheDestinationOut) {
-    AnimationSettings_s settings;
-    settings.AnimateTime = true;
-    settings.TimeAnimationOperation = TimeAnimationOperation_e::AsCaptured;
-    settings.NumCycles = 12;
-    settings.Destination = Destination_e::ToFile;
-    settings.AnimateStreamtraces = true;
-    settings.FadeIn = true;
-    settings.FadeOut = false;
+    using namespace vextest::option;
+    const AnimationSettings_s settings =
+        vextest::animationSettings(AnimateTime | AnimateStreamtraces | FadeIn,
+                                   TimeAnimationOperation_e::AsCaptured, 12, Destination_e::ToFile);
     ListModelKeyFrame keyFrames;
     keyFrames.setItems({exampleKeyFrames()[1]});
     const std::string fileName = directory_.file("settings.keyframe");

@@ -12,6 +12,7 @@
 #include "addon/KeyFrameError.h"
 #include "macro/MacroCommandManager.h"
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 
 namespace vexplot {
 namespace vexutiltools {
@@ -163,12 +164,13 @@ TEST_F(MacroCommandCallbackTest, TheMessageBufferIsTheMessageLengthPlus29) {
     const std::string message = "Halted at the first step.";
     const std::vector<std::string> log = takeCallLog();
     ASSERT_EQ(4u, log.size());
-    EXPECT_EQ("VexUtilLockStart(\"Key Frame Animation\")", log[0]);
+    EXPECT_EQ(vextest::addOnLockStart(), log[0]);
     EXPECT_EQ("VexUtilStringAlloc(" + std::to_string(message.size() + 29) +
                   ", \"Key Frame Animation macro error\")",
               log[1]);
-    EXPECT_EQ("VexUtilLockFinish(\"Key Frame Animation\")", log[2]);
-    EXPECT_EQ(0u, log[3].rfind("VexUtilStringDealloc(", 0)) << "the test's own holder frees it";
+    EXPECT_EQ(vextest::addOnLockFinish(), log[2]);
+    EXPECT_EQ(0u, log[3].rfind(vextest::callLineStart("VexUtilStringDealloc"), 0))
+        << "the test's own holder frees it";
 }
 
 }  // namespace

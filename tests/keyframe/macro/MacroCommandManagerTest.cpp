@@ -10,6 +10,7 @@
 #include "addon/KeyFrameError.h"
 #include "macro/AddOnMacroCommandManager.h"
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -226,9 +227,9 @@ TEST_F(MacroCommandRecordingTest, RecordsNothingWhileTheRecorderIsOff) {
     startCallLog();
     manager().recordCommand(Command_e::Animate, {{Parameter_e::AnimationDestination, "OnScreen"}});
     EXPECT_TRUE(host().macro().lines().empty());
-    EXPECT_EQ((std::vector<std::string>{"VexUtilLockStart(\"Key Frame Animation\")",
-                                        "VexUtilMacroIsRecordingActive()",
-                                        "VexUtilLockFinish(\"Key Frame Animation\")"}),
+    EXPECT_EQ((std::vector<std::string>{vextest::addOnLockStart(),
+                                        vextest::callLine("VexUtilMacroIsRecordingActive"),
+                                        vextest::addOnLockFinish()}),
               takeCallLog());
 }
 
@@ -241,10 +242,10 @@ TEST_F(MacroCommandRecordingTest, RecordsTheCommandStringUnderTheAddOnNameWhileR
                                        "FileName=\"/tmp/my film.keyframe\""},
               host().macro().lines());
     EXPECT_EQ((std::vector<std::string>{
-                  "VexUtilLockStart(\"Key Frame Animation\")", "VexUtilMacroIsRecordingActive()",
+                  vextest::addOnLockStart(), vextest::callLine("VexUtilMacroIsRecordingActive"),
                   "VexUtilMacroRecordExtCommand(\"Key Frame Animation\", \"SaveSettingsFile "
                   "FileName=\\\"/tmp/my film.keyframe\\\"\")",
-                  "VexUtilLockFinish(\"Key Frame Animation\")"}),
+                  vextest::addOnLockFinish()}),
               takeCallLog());
 }
 

@@ -1,23 +1,18 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <stdexcept>
 #include <string>
 
 #include "macro/Command_e.h"
 #include "model/Destination_e.h"
 #include "macro/Parameter_e.h"
+#include "support/Printed.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-template <typename T>
-std::string printed(T value) {
-    std::ostringstream out;
-    out << value;
-    return out.str();
-}
+using vextest::printed;
 
 struct CommandCase {
     Command_e value;

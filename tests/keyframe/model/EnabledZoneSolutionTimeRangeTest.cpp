@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -65,13 +66,13 @@ TEST_F(EnabledZoneSolutionTimeRangeTest, WalksTheEnabledZonesUnderTheLockAndFree
     ASSERT_TRUE(getEnabledZoneSolutionTimeRange(minTime, maxTime));
     const std::vector<std::string> log = host().callLog().take();
     ASSERT_FALSE(log.empty());
-    EXPECT_EQ("VexUtilLockStart(\"Key Frame Animation\")", log.front());
-    EXPECT_EQ("VexUtilLockFinish(\"Key Frame Animation\")", log.back());
+    EXPECT_EQ(vextest::addOnLockStart(), log.front());
+    EXPECT_EQ(vextest::addOnLockFinish(), log.back());
     int setFrees = 0;
     int timeReads = 0;
     for (const std::string& entry : log) {
-        setFrees += entry.rfind("VexUtilSetDealloc(", 0) == 0;
-        timeReads += entry.rfind("VexUtilZoneGetSolutionTime(", 0) == 0;
+        setFrees += entry.rfind(vextest::callLineStart("VexUtilSetDealloc"), 0) == 0;
+        timeReads += entry.rfind(vextest::callLineStart("VexUtilZoneGetSolutionTime"), 0) == 0;
     }
     EXPECT_EQ(1, setFrees);
     EXPECT_EQ(2, timeReads);

@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "support/RecordingListObserver.h"
 
 namespace vexplot {
 namespace vexutiltools {
@@ -48,25 +49,12 @@ private:
     std::vector<std::string>& journal_;
 };
 
-class JournalObserver : public ListModelObserverInterface {
-public:
-    explicit JournalObserver(std::vector<std::string>& journal) : journal_(journal) {}
-    void listModelChanged(const ListModelChange& change) override {
-        std::ostringstream text;
-        text << change;
-        journal_.push_back(text.str());
-    }
-
-private:
-    std::vector<std::string>& journal_;
-};
-
 class ListModelAbstractTest : public ::testing::Test {
 protected:
     std::vector<std::string> journal;
     IntListModel model{journal};
-    JournalObserver first{journal};
-    JournalObserver second{journal};
+    vextest::RecordingListObserver first{journal};
+    vextest::RecordingListObserver second{journal};
 };
 
 TEST_F(ListModelAbstractTest, EmptyListTextIsNoItemsAvailable) {

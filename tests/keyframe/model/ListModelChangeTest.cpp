@@ -2,19 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
+
+#include "support/Printed.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-template <typename T>
-std::string printed(const T& value) {
-    std::ostringstream text;
-    text << value;
-    return text.str();
-}
+using vextest::printed;
 
 TEST(ListModelChangeTest, KindsHaveTheirFixedNumbers) {
     EXPECT_EQ(0u, static_cast<uint32_t>(ListModelChange::Inserted));

@@ -6,17 +6,12 @@
 
 #include "model/ListModelKeyFrame.h"
 #include "support/AddOnTest.h"
+#include "support/RecordingListObserver.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
-
-class CountingObserver : public ListModelObserverInterface {
-public:
-    void listModelChanged(const ListModelChange&) override { ++changes; }
-    int changes = 0;
-};
 
 class ListModelKeyFrameSetViewTest : public vextest::AddOnTest {
 protected:
@@ -31,7 +26,7 @@ protected:
     }
 
     ListModelKeyFrame model;
-    CountingObserver observer;
+    vextest::RecordingListObserver observer;
 };
 
 TEST_F(ListModelKeyFrameSetViewTest, CopiesTheViewAndTakesTheHostsCurrentSolutionTime) {
@@ -46,7 +41,7 @@ TEST_F(ListModelKeyFrameSetViewTest, CopiesTheViewAndTakesTheHostsCurrentSolutio
 
 TEST_F(ListModelKeyFrameSetViewTest, NotifiesNobody) {
     model.setView(0, KeyFrameView_s{1, 2, 3, 30, 45, 0, 10});
-    EXPECT_EQ(0, observer.changes);
+    EXPECT_TRUE(observer.changes.empty());
 }
 
 TEST_F(ListModelKeyFrameSetViewTest, OutOfRangeChangesNothingAndAsksTheHostNothing) {

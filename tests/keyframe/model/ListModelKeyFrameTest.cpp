@@ -10,25 +10,16 @@
 #include <utility>
 #include <vector>
 
+#include "support/FailingListObserver.h"
+#include "support/RecordingListObserver.h"
+
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
 using Change = ListModelChange;
-
-// What the observers of one test were told, in delivery order: which observer, and the change.
-using Journal = std::vector<std::pair<const ListModelObserverInterface*, ListModelChange>>;
-
-class RecordingObserver : public ListModelObserverInterface {
-public:
-    explicit RecordingObserver(Journal& journal) : journal_(journal) {}
-    void listModelChanged(const ListModelChange& change) override {
-        journal_.emplace_back(this, change);
-    }
-
-private:
-    Journal& journal_;
-};
+using vextest::FailingListObserver;
+using vextest::RecordingListObserver;
 
 KeyFrame_s keyFrame(const std::string& name, uint64_t frameCount = 30) {
     KeyFrame_s result;
@@ -43,13 +34,6 @@ std::vector<std::string> names(const ListModelKeyFrame& model) {
     std::vector<std::string> result;
     for (const KeyFrame_s& item : model.getItems())
         result.push_back(item.name);
-    return result;
-}
-
-std::vector<ListModelChange> changes(const Journal& journal) {
-    std::vector<ListModelChange> result;
-    for (const auto& entry : journal)
-        result.push_back(entry.second);
     return result;
 }
 
@@ -72,8 +56,7 @@ protected:
     }
 
     ListModelKeyFrame model;
-    Journal journal;
-    RecordingObserver observer{journal};
+    RecordingListObserver observer;
 };
 
 TEST_F(ListModelKeyFrameTest, EmptyListReportsCountZeroInvalidIndexOneAndItsEmptyText) {
@@ -91,7 +74,7 @@ TEST_F(ListModelKeyFrameTest, InsertItemsAtTheCountAppendsAndReportsFromTheCount
     fillAndObserve();
     model.insertItems(3, {keyFrame("D"), keyFrame("E")});
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C", "D", "E"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {3, 4}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {3, 4}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, InsertItemsPastTheEndAppendsAndReportsFromThePositionLessOne) {
@@ -99,42 +82,42 @@ TEST_F(ListModelKeyFrameTest, InsertItemsPastTheEndAppendsAndReportsFromThePosit
     // Deliberate: count + 2 reports count + 1 onwards, not the count where the items went.
     model.insertItems(5, {keyFrame("D"), keyFrame("E")});
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C", "D", "E"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {4, 5}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {4, 5}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, AppendAtTheInvalidIndexReportsThePositionOfTheNewItem) {
     fillAndObserve();
     model.insertItem(model.getInvalidIndex(), keyFrame("D"));
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C", "D"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {3}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {3}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, InsertItemsBeforeAPositionPushesTheLaterItemsDown) {
     fillAndObserve();
     model.insertItems(1, {keyFrame("X"), keyFrame("Y")});
     EXPECT_EQ((std::vector<std::string>{"A", "X", "Y", "B", "C"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {1, 2}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {1, 2}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, InsertItemPutsOneItemAtThePosition) {
     fillAndObserve();
     model.insertItem(0, keyFrame("Z"));
     EXPECT_EQ((std::vector<std::string>{"Z", "A", "B", "C"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {0}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {0}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, InsertingNoItemsStillReportsAnInsertedChangeWithoutPositions) {
     fillAndObserve();
     model.insertItems(1, {});
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, ReplaceItemCopiesTheItemAndReportsChanged) {
     fillAndObserve();
     model.replaceItem(1, keyFrame("B2", 7));
     EXPECT_EQ(keyFrame("B2", 7), model.getItem(1));
-    EXPECT_EQ((std::vector<Change>{{Change::Changed, {1}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Changed, {1}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, RemoveItemErasesThePositionAndReportsRemoved) {
@@ -142,23 +125,23 @@ TEST_F(ListModelKeyFrameTest, RemoveItemErasesThePositionAndReportsRemoved) {
     // No bounds check by design: callers pass a position below the count.
     model.removeItem(1);
     EXPECT_EQ((std::vector<std::string>{"A", "C"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Removed, {1}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Removed, {1}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, RemoveItemsReportsEveryRemovedPosition) {
     fillAndObserve();
     model.insertItems(3, {keyFrame("D")});
-    journal.clear();
+    observer.changes.clear();
     model.removeItems(1, 2);
     EXPECT_EQ((std::vector<std::string>{"A", "D"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Removed, {1, 2}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Removed, {1, 2}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, RemovingNoItemsReportsARemovedChangeWithoutPositions) {
     fillAndObserve();
     model.removeItems(3, 0);
     EXPECT_EQ(3u, model.getItemCount());
-    EXPECT_EQ((std::vector<Change>{{Change::Removed, {}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Removed, {}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, RemoveItemsOutOfRangeChangesNothing) {
@@ -167,21 +150,21 @@ TEST_F(ListModelKeyFrameTest, RemoveItemsOutOfRangeChangesNothing) {
     expectInvalidSubscript([&] { model.removeItems(4, 0); });
     expectInvalidSubscript([&] { model.removeItems(1, ~uint64_t{0}); });
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), names(model));
-    EXPECT_TRUE(journal.empty());
+    EXPECT_TRUE(observer.changes.empty());
 }
 
 TEST_F(ListModelKeyFrameTest, SetFrameCountNotifiesNobody) {
     fillAndObserve();
     model.setFrameCount(2, 12);
     EXPECT_EQ(12u, model.getFrameCount(2));
-    EXPECT_TRUE(journal.empty());
+    EXPECT_TRUE(observer.changes.empty());
 }
 
 TEST_F(ListModelKeyFrameTest, SetSolutionTimeNotifiesNobody) {
     fillAndObserve();
     model.setSolutionTime(0, 2.25);
     EXPECT_EQ(2.25, model.getSolutionTime(0));
-    EXPECT_TRUE(journal.empty());
+    EXPECT_TRUE(observer.changes.empty());
 }
 
 TEST_F(ListModelKeyFrameTest, SetNameNotifiesChanged) {
@@ -189,7 +172,7 @@ TEST_F(ListModelKeyFrameTest, SetNameNotifiesChanged) {
     model.setName(2, "Top");
     EXPECT_EQ("Top", model.getName(2));
     EXPECT_EQ("Top", model.getDisplayString(2));
-    EXPECT_EQ((std::vector<Change>{{Change::Changed, {2}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Changed, {2}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, DisplayStringIsTheKeyFrameName) {
@@ -202,27 +185,25 @@ TEST_F(ListModelKeyFrameTest, SetItemsWithObserversDeliversExactlyOneReset) {
     fillAndObserve();
     model.setItems({keyFrame("P"), keyFrame("Q")});
     EXPECT_EQ((std::vector<std::string>{"P", "Q"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, NotifyResetDeliversOneResetAndKeepsTheItems) {
     fillAndObserve();
     model.notifyReset();
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), names(model));
-    EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, TwoObserversReceiveTheRecordsInTheOrderOfTheirAddresses) {
-    RecordingObserver pair[2] = {RecordingObserver(journal), RecordingObserver(journal)};
+    std::vector<std::string> journal;
+    RecordingListObserver pair[2] = {RecordingListObserver(journal, "pair[0]"),
+                                     RecordingListObserver(journal, "pair[1]")};
     // Attached in the reverse of address order: delivery still follows the addresses.
     model.addObserver(&pair[1]);
     model.addObserver(&pair[0]);
     model.insertItem(0, keyFrame("A"));
-    ASSERT_EQ(2u, journal.size());
-    EXPECT_EQ(&pair[0], journal[0].first);
-    EXPECT_EQ(&pair[1], journal[1].first);
-    EXPECT_EQ((ListModelChange{Change::Inserted, {0}}), journal[0].second);
-    EXPECT_EQ((ListModelChange{Change::Inserted, {0}}), journal[1].second);
+    EXPECT_EQ((std::vector<std::string>{"pair[0] Inserted [0]", "pair[1] Inserted [0]"}), journal);
 }
 
 TEST_F(ListModelKeyFrameTest, ChangesWithoutObserversAreDroppedNotKept) {
@@ -230,7 +211,7 @@ TEST_F(ListModelKeyFrameTest, ChangesWithoutObserversAreDroppedNotKept) {
     model.setName(0, "A2");
     model.addObserver(&observer);
     model.insertItem(1, keyFrame("B"));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {1}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {1}}}), observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, ResetWithoutObserversDropsLaterChangesUntilTheNextObservedReset) {
@@ -241,12 +222,12 @@ TEST_F(ListModelKeyFrameTest, ResetWithoutObserversDropsLaterChangesUntilTheNext
     model.insertItem(1, keyFrame("B"));
     model.setName(0, "A2");
     model.removeItem(1);
-    EXPECT_TRUE(journal.empty());
+    EXPECT_TRUE(observer.changes.empty());
 
     model.notifyReset();
     model.insertItem(1, keyFrame("C"));
     EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}, {Change::Inserted, {1}}}),
-              changes(journal));
+              observer.changes);
 }
 
 TEST_F(ListModelKeyFrameTest, AddingAnObserverTwiceDeliversOnce) {
@@ -254,7 +235,7 @@ TEST_F(ListModelKeyFrameTest, AddingAnObserverTwiceDeliversOnce) {
     model.addObserver(&observer);
     EXPECT_EQ(1u, model.getObserverCount());
     model.insertItem(0, keyFrame("A"));
-    EXPECT_EQ(1u, journal.size());
+    EXPECT_EQ(1u, observer.changes.size());
 }
 
 TEST_F(ListModelKeyFrameTest, RemovedObserverIsToldNothingMore) {
@@ -262,7 +243,7 @@ TEST_F(ListModelKeyFrameTest, RemovedObserverIsToldNothingMore) {
     model.removeObserver(&observer);
     EXPECT_EQ(0u, model.getObserverCount());
     model.setName(0, "A2");
-    EXPECT_TRUE(journal.empty());
+    EXPECT_TRUE(observer.changes.empty());
 }
 
 TEST_F(ListModelKeyFrameTest, PositionalAccessorsRaiseInvalidVectorSubscript) {
@@ -278,7 +259,7 @@ TEST_F(ListModelKeyFrameTest, PositionalAccessorsRaiseInvalidVectorSubscript) {
     expectInvalidSubscript([&] { model.setSolutionTime(3, 1.0); });
     expectInvalidSubscript([&] { model.getItem(~uint64_t{0}); });
     EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), names(model));
-    EXPECT_TRUE(journal.empty());
+    EXPECT_TRUE(observer.changes.empty());
 }
 
 TEST_F(ListModelKeyFrameTest, IndexOfItemInAnEmptyListIsTheInvalidIndex) {
@@ -309,36 +290,23 @@ TEST_F(ListModelKeyFrameTest, GetItemsHoldsEveryKeyFrameInListOrder) {
     EXPECT_EQ(expected, model.getItems());
 }
 
-class ThrowingObserver : public ListModelObserverInterface {
-public:
-    void listModelChanged(const ListModelChange&) override {
-        if (throwNext) {
-            throwNext = false;
-            throw std::runtime_error("observer failed");
-        }
-        ++received;
-    }
-    bool throwNext = true;
-    int received = 0;
-};
-
 TEST_F(ListModelKeyFrameTest, ObserverExceptionDropsThePendingRecordsAndReachesTheCaller) {
-    ThrowingObserver thrower;
+    FailingListObserver thrower("observer failed");
     model.addObserver(&thrower);
     model.addObserver(&observer);
     EXPECT_THROW(model.setItems({keyFrame("A")}), std::runtime_error);
     EXPECT_EQ(1u, model.getItemCount()) << "the mutation itself has happened";
 
     // The reset-pending flag was cleared: the next change is delivered, alone.
-    journal.clear();
+    observer.changes.clear();
     model.insertItem(1, keyFrame("B"));
-    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {1}}}), changes(journal));
-    EXPECT_EQ(1, thrower.received);
+    EXPECT_EQ((std::vector<Change>{{Change::Inserted, {1}}}), observer.changes);
+    EXPECT_EQ(1u, thrower.changes.size());
 }
 
 TEST_F(ListModelKeyFrameTest, EveryOtherObserverIsToldWhenOneFails) {
-    ThrowingObserver thrower;
-    ThrowingObserver secondThrower;
+    FailingListObserver thrower("observer failed");
+    FailingListObserver secondThrower("observer failed");
     model.addObserver(&thrower);
     model.addObserver(&observer);
     model.addObserver(&secondThrower);
@@ -348,7 +316,7 @@ TEST_F(ListModelKeyFrameTest, EveryOtherObserverIsToldWhenOneFails) {
     } catch (const std::runtime_error& error) {
         EXPECT_EQ("observer failed", std::string(error.what())) << "the first failure, once";
     }
-    EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Reset, {}}}), observer.changes);
 }
 
 class MutatingObserver : public ListModelObserverInterface {
@@ -376,7 +344,7 @@ TEST_F(ListModelKeyFrameTest, ChangingTheModelFromAnObserverFailsLoudly) {
     model.removeObserver(&mutator);
     model.addObserver(&observer);
     model.setName(1, "B2");
-    EXPECT_EQ((std::vector<Change>{{Change::Changed, {1}}}), changes(journal));
+    EXPECT_EQ((std::vector<Change>{{Change::Changed, {1}}}), observer.changes);
 }
 
 }  // namespace

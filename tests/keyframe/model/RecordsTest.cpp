@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <limits>
-#include <sstream>
 #include <string>
 
 #include "model/AnimationSettings_s.h"
@@ -10,17 +9,13 @@
 #include "model/KeyFrameView_s.h"
 #include "model/KeyFrame_s.h"
 #include "model/TimeAnimationOperation_e.h"
+#include "support/Printed.h"
 
 namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-template <typename T>
-std::string printed(const T& value) {
-    std::ostringstream text;
-    text << value;
-    return text.str();
-}
+using vextest::printed;
 
 KeyFrame_s sampleKeyFrame() {
     KeyFrame_s keyFrame;

@@ -8,6 +8,7 @@
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {
@@ -52,7 +53,8 @@ TEST_F(ViewOperationsTest, CaptureOfAFrameThatIsNot3DFailsAndReadsNothing) {
     } catch (const KeyFrameError& error) {
         EXPECT_STREQ("The current frame must be in 3D Cartesian mode.", error.what());
     }
-    EXPECT_EQ(std::vector<std::string>{"VexUtilFrameGetPlotType()"}, host().callLog().take());
+    EXPECT_EQ(std::vector<std::string>{vextest::callLine("VexUtilFrameGetPlotType")},
+              host().callLog().take());
 }
 
 TEST_F(ViewOperationsTest, CaptureWithoutFramesFails) {
@@ -83,28 +85,30 @@ TEST_F(ViewOperationsTest, ApplyMakesHostCallsInTheExactOrder) {
     host().frames().create(VexPlotType_Cartesian3D);
     host().callLog().setEnabled(true);
     applyView(KeyFrameView_s{1, 2, 3, 30, 45, 0, 10});
-    const std::string lock = "VexUtilLockStart(\"Key Frame Animation\")";
-    const std::string unlock = "VexUtilLockFinish(\"Key Frame Animation\")";
-    const std::string set = "VexUtilStyleSetLowLevelX(\"ThreeDView\", ";
-    EXPECT_EQ((std::vector<std::string>{
-                  lock,
-                  lock,
-                  "VexUtilDrawGraphics(false)",
-                  set + "\"PSIAngle\", 30)",
-                  set + "\"ThetaAngle\", 45)",
-                  set + "\"AlphaAngle\", 0)",
-                  set + "\"ViewerPosition\", \"X\", 1)",
-                  set + "\"ViewerPosition\", \"Y\", 2)",
-                  set + "\"ViewerPosition\", \"Z\", 3)",
-                  "VexUtilStyleGetLowLevelX(\"ThreeDView\", \"DrawInPerspective\")",
-                  set + "\"DrawInPerspective\", false)",
-                  set + "\"ViewWidth\", 10)",
-                  set + "\"DrawInPerspective\", false)",
-                  "VexUtilDrawGraphics(true)",
-                  unlock,
-                  unlock,
-              }),
-              host().callLog().take());
+    const std::string lock = vextest::addOnLockStart();
+    const std::string unlock = vextest::addOnLockFinish();
+    EXPECT_EQ(
+        (std::vector<std::string>{
+            lock,
+            lock,
+            vextest::callLine("VexUtilDrawGraphics", {false}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "PSIAngle", 30}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "ThetaAngle", 45}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "AlphaAngle", 0}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "ViewerPosition", "X", 1}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "ViewerPosition", "Y", 2}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "ViewerPosition", "Z", 3}),
+            vextest::callLine("VexUtilStyleGetLowLevelX", {"ThreeDView", "DrawInPerspective"}),
+            vextest::callLine("VexUtilStyleSetLowLevelX",
+                              {"ThreeDView", "DrawInPerspective", false}),
+            vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "ViewWidth", 10}),
+            vextest::callLine("VexUtilStyleSetLowLevelX",
+                              {"ThreeDView", "DrawInPerspective", false}),
+            vextest::callLine("VexUtilDrawGraphics", {true}),
+            unlock,
+            unlock,
+        }),
+        host().callLog().take());
 }
 
 TEST_F(ViewOperationsTest, ApplySetsTheWidthWithPerspectiveOffAndThenTurnsItBackOn) {
@@ -113,11 +117,15 @@ TEST_F(ViewOperationsTest, ApplySetsTheWidthWithPerspectiveOffAndThenTurnsItBack
     host().callLog().setEnabled(true);
     applyView(KeyFrameView_s{1, 2, 3, 30, 45, 0, 8});
     const std::vector<std::string> log = host().callLog().take();
-    const std::string set = "VexUtilStyleSetLowLevelX(\"ThreeDView\", ";
     ASSERT_EQ(16u, log.size());
-    EXPECT_EQ(set + "\"DrawInPerspective\", false)", log[10]);
-    EXPECT_EQ(set + "\"ViewWidth\", 8)", log[11]);
-    EXPECT_EQ(set + "\"DrawInPerspective\", true)", log[12]);
+    EXPECT_EQ(
+        vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "DrawInPerspective", false}),
+        log[10]);
+    EXPECT_EQ(vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "ViewWidth", 8}),
+              log[11]);
+    EXPECT_EQ(
+        vextest::callLine("VexUtilStyleSetLowLevelX", {"ThreeDView", "DrawInPerspective", true}),
+        log[12]);
     EXPECT_TRUE(hostView().perspective()) << "the perspective state is unchanged";
     EXPECT_EQ(8, hostView().width());
 }

@@ -2,16 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "UiTest.h"
+#include "MainDialogFixture.h"
+#include "support/CallLogLines.h"
 #include "vexhost/Frame.h"
 
 namespace vextest {
 namespace {
 
-class DialogDropperTest : public MainDialogTest {
+class DialogDropperTest : public MainDialogFixture {
 protected:
     void SetUp() override {
-        MainDialogTest::SetUp();
+        MainDialogFixture::SetUp();
         openMainDialog();
     }
     void makeActiveFrame(VexPlotType_e plotType) {
@@ -49,9 +50,9 @@ TEST_F(DialogDropperTest, TheTestRunsUnderTheLock) {
     startCallLog();
     makeActiveFrame(VexPlotType_Cartesian2D);
     const std::vector<std::string> log = takeCallLog();
-    const std::vector<std::string> expected = {
-        "VexUtilLockStart(\"Key Frame Animation\")", "VexUtilLockStart(\"Key Frame Animation\")",
-        "VexUtilFrameGetCount()", "VexUtilFrameGetPlotType()"};
+    const std::vector<std::string> expected = {vextest::addOnLockStart(), vextest::addOnLockStart(),
+                                               vextest::callLine("VexUtilFrameGetCount"),
+                                               vextest::callLine("VexUtilFrameGetPlotType")};
     ASSERT_GE(log.size(), expected.size());
     EXPECT_EQ(std::vector<std::string>(log.begin(), log.begin() + 4), expected);
     runIdle();

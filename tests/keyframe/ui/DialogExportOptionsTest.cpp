@@ -6,8 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "UiTest.h"
+#include "UiFixture.h"
 #include "addon/AddOn.h"
+#include "support/CallLogLines.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/Frame.h"
 
@@ -23,10 +24,10 @@ using Lines = std::vector<std::string>;
 
 constexpr const char* Export = "Export Options";
 
-class DialogExportOptionsTest : public UiTest {
+class DialogExportOptionsTest : public UiFixture {
 protected:
     void SetUp() override {
-        UiTest::SetUp();
+        UiFixture::SetUp();
         createFrame3D().setPosAndSize(0.5, 0.5, 8.0, 6.0);
     }
     DialogExportOptions& options() { return DialogMain::instance().getExportOptions(); }
@@ -232,9 +233,9 @@ TEST_F(DialogExportOptionsTest, EachAttributeIsAppliedUnderItsOwnLockInOrder) {
     std::vector<std::string> applied;
     const std::vector<std::string> log = takeCallLog();
     for (std::size_t i = 0; i < log.size(); ++i) {
-        if (log[i].rfind("VexUtilExportSetup(", 0) == 0) {
+        if (log[i].rfind(vextest::callLineStart("VexUtilExportSetup"), 0) == 0) {
             applied.push_back(log[i].substr(19, log[i].find(',') - 19));
-            EXPECT_EQ(log[i - 1], "VexUtilLockStart(\"Key Frame Animation\")");
+            EXPECT_EQ(log[i - 1], vextest::addOnLockStart());
         }
     }
     EXPECT_EQ(applied,

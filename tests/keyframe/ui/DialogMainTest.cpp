@@ -5,21 +5,14 @@
 #include <stdexcept>
 #include <vector>
 
-#include "model/ListModelObserverInterface.h"
 #include "support/AddOnTest.h"
+#include "support/RecordingListObserver.h"
 
 namespace {
 
 using vexplot::vexutiltools::AnimationSettings_s;
 using vexplot::vexutiltools::KeyFrame_s;
 using vexplot::vexutiltools::ListModelChange;
-using vexplot::vexutiltools::ListModelObserverInterface;
-
-class ChangeCounter : public ListModelObserverInterface {
-public:
-    void listModelChanged(const ListModelChange& change) override { changes.push_back(change); }
-    std::vector<ListModelChange> changes;
-};
 
 class DialogMainTest : public vextest::AddOnTest {
 protected:
@@ -68,7 +61,7 @@ TEST_F(DialogMainTest, TheStateOutlivesEveryUseUntilReset) {
 
 TEST_F(DialogMainTest, RefreshingWithoutControlsTouchesNothing) {
     DialogMain& dialog = DialogMain::instance();
-    ChangeCounter observer;
+    vextest::RecordingListObserver observer;
     dialog.getKeyFrameModel().addObserver(&observer);
     startCallLog();
     dialog.refreshList();
@@ -81,7 +74,7 @@ TEST_F(DialogMainTest, RefreshingWithoutControlsTouchesNothing) {
 TEST_F(DialogMainTest, RefreshingTheListControlResetsTheModelItFollows) {
     DialogMain& dialog = DialogMain::instance();
     dialog.getKeyFrameModel().setItems({KeyFrame_s{}, KeyFrame_s{}});
-    ChangeCounter listControl;
+    vextest::RecordingListObserver listControl;
     dialog.getKeyFrameModel().addObserver(&listControl);
     dialog.getControls().keyFrameList = 17;
     dialog.refreshList();

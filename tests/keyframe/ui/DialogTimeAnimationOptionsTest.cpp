@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "UiTest.h"
+#include "MainDialogFixture.h"
 #include "vexhost/GuiError.h"
 
 namespace vextest {
@@ -20,10 +20,10 @@ using Kind = vexhost::GuiControl::Kind;
 constexpr const char* Options = "Time Animation Options";
 
 // The dialog opened from the main dialog's Options menu, editing the main dialog's settings.
-class DialogTimeAnimationOptionsTest : public MainDialogTest {
+class DialogTimeAnimationOptionsTest : public MainDialogFixture {
 protected:
     void SetUp() override {
-        MainDialogTest::SetUp();
+        MainDialogFixture::SetUp();
         openMainDialog();
     }
     void openOptions(TimeAnimationOperation_e operation, uint64_t numCycles) {

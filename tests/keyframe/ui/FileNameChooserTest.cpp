@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "support/CallLogLines.h"
 #include "support/TemporaryDirectory.h"
 
 namespace vexplot {
@@ -70,11 +71,11 @@ TEST_F(FileNameChooserTest, TheHostDialogGetsModeTypeNameCurrentNameAndFilter) {
 
     EXPECT_EQ(takeCallLog(),
               (std::vector<std::string>{
-                  "VexUtilLockStart(\"Key Frame Animation\")",
+                  vextest::addOnLockStart(),
                   "VexUtilDialogGetFileName(0, \"Key Frame Animation\", \"animation.keyframe\", "
                   "\"*.keyframe\")",
-                  "VexUtilStringDealloc(\"first\")",
-                  "VexUtilLockFinish(\"Key Frame Animation\")",
+                  vextest::callLine("VexUtilStringDealloc", {"first"}),
+                  vextest::addOnLockFinish(),
               }));
     EXPECT_EQ(chooser_.getFileName(), "first.keyframe");
     EXPECT_TRUE(chooser_.isChosen());
@@ -108,11 +109,11 @@ TEST_F(FileNameChooserTest, ANameWithoutExtensionIsCheckedForOverwriteUnderItsNe
     // The question is asked under a lock of its own, inside the lock of the whole dialog.
     const std::vector<std::string> log = takeCallLog();
     ASSERT_EQ(log.size(), 8u);
-    EXPECT_EQ(log[0], "VexUtilLockStart(\"Key Frame Animation\")");
-    EXPECT_EQ(log[4], "VexUtilLockStart(\"Key Frame Animation\")");
+    EXPECT_EQ(log[0], vextest::addOnLockStart());
+    EXPECT_EQ(log[4], vextest::addOnLockStart());
     EXPECT_EQ(log[5].rfind("VexUtilDialogMessageBox(\"The file: ", 0), 0u) << log[5];
-    EXPECT_EQ(log[6], "VexUtilLockFinish(\"Key Frame Animation\")");
-    EXPECT_EQ(log[7], "VexUtilLockFinish(\"Key Frame Animation\")");
+    EXPECT_EQ(log[6], vextest::addOnLockFinish());
+    EXPECT_EQ(log[7], vextest::addOnLockFinish());
 }
 
 TEST_F(FileNameChooserTest, NoToTheOverwriteQuestionRefusesTheName) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "UiTest.h"
+#include "MainDialogFixture.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/Frame.h"
 
@@ -22,10 +22,10 @@ const std::string AnimateOnScreen =
 const std::string AnimateToFile =
     "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=ToFile";
 
-class MainDialogAnimateTest : public MainDialogTest {
+class MainDialogAnimateTest : public MainDialogFixture {
 protected:
     void SetUp() override {
-        MainDialogTest::SetUp();
+        MainDialogFixture::SetUp();
         openMainDialog();
     }
     double hostPsi() { return host().frames().active()->view().psi(); }

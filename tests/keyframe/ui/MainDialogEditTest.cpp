@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "UiTest.h"
+#include "MainDialogFixture.h"
 #include "model/ViewOperations.h"
 #include "vexhost/Frame.h"
 
@@ -16,10 +16,10 @@ using vexplot::vexutiltools::KeyFrame_s;
 using Kind = vexhost::GuiControl::Kind;
 using Lines = std::vector<std::string>;
 
-class MainDialogEditTest : public MainDialogTest {
+class MainDialogEditTest : public MainDialogFixture {
 protected:
     void SetUp() override {
-        MainDialogTest::SetUp();
+        MainDialogFixture::SetUp();
         openMainDialog();
     }
     const KeyFrame_s& keyFrame(uint64_t position) {

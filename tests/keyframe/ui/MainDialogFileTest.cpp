@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "UiTest.h"
+#include "MainDialogFixture.h"
 #include "support/TemporaryDirectory.h"
 
 namespace vextest {
@@ -22,10 +22,10 @@ std::string readFile(const std::string& path) {
     return content.str();
 }
 
-class MainDialogFileTest : public MainDialogTest {
+class MainDialogFileTest : public MainDialogFixture {
 protected:
     void SetUp() override {
-        MainDialogTest::SetUp();
+        MainDialogFixture::SetUp();
         openMainDialog();
     }
     void saveAs(const std::string& name) {

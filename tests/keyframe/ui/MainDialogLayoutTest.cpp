@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "UiTest.h"
+#include "MainDialogFixture.h"
+#include "support/CallLogLines.h"
 #include "vexhost/GuiDump.h"
 
 namespace vextest {
@@ -123,7 +124,8 @@ TEST_F(MainDialogTest, ChoosingTheMenuItemTwiceCreatesTheDialogOnceAndLaunchesIt
         EXPECT_EQ(call.find("VexGUIDialogCreate"), std::string::npos) << call;
         EXPECT_EQ(call.find("VexGUIMenuBarAdd"), std::string::npos) << call;
     }
-    EXPECT_NE(std::find(log.begin(), log.end(), "VexGUIDialogLaunch(1)"), log.end());
+    EXPECT_NE(std::find(log.begin(), log.end(), vextest::callLine("VexGUIDialogLaunch", {1})),
+              log.end());
 }
 
 TEST_F(MainDialogTest, AnEmptyListShowsThePlaceholderWithOnlyAppendAndTheDestinationEnabled) {
@@ -149,9 +151,9 @@ TEST_F(MainDialogTest, HelpShowsTheKeyFramePageAndCloseDropsTheDialog) {
     pressDialogButton(Title, vexhost::GuiUser::DialogButton::Close);
     EXPECT_FALSE(dialogNamed(Title).up);
     const std::vector<std::string> log = takeCallLog();
-    const std::vector<std::string> expected = {"VexUtilLockStart(\"Key Frame Animation\")",
-                                               "VexGUIDialogDrop(1)",
-                                               "VexUtilLockFinish(\"Key Frame Animation\")"};
+    const std::vector<std::string> expected = {vextest::addOnLockStart(),
+                                               vextest::callLine("VexGUIDialogDrop", {1}),
+                                               vextest::addOnLockFinish()};
     EXPECT_EQ(log, expected);
 }
 

@@ -1,0 +1,100 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/RegisteredAddOnFixture.h"
+#include "vxsdkbase.h"
+
+namespace {
+
+using vexhost::ProgressStatus;
+using vextest::ScopedLock;
+
+class ProgressStatusTest : public vextest::RegisteredAddOnFixture {
+protected:
+    void SetUp() override {
+        RegisteredAddOnFixture::SetUp();
+        lock_ = std::make_unique<ScopedLock>(addOn_);
+    }
+    void TearDown() override {
+        lock_.reset();
+        RegisteredAddOnFixture::TearDown();
+    }
+    std::vector<bool> check(int times) {
+        std::vector<bool> answers;
+        for (int i = 0; i < times; ++i)
+            answers.push_back(VexUtilStatusCheckPercentDone(i * 10));
+        return answers;
+    }
+
+    std::unique_ptr<ScopedLock> lock_;
+};
+
+TEST_F(ProgressStatusTest, TextsAndPercentsAreKept) {
+    ASSERT_TRUE(VexUtilStatusStartPercentDone("Working.", true, false));
+    EXPECT_TRUE(host().progress().isOpen());
+    EXPECT_TRUE(host().progress().showsStopButton());
+    EXPECT_FALSE(host().progress().showsProgressBar());
+    EXPECT_TRUE(VexUtilStatusCheckPercentDone(0));
+    VexUtilStatusSetPercentDoneText("Still working.");
+    EXPECT_TRUE(VexUtilStatusCheckPercentDone(100));
+    VexUtilStatusFinishPercentDone();
+    EXPECT_FALSE(host().progress().isOpen());
+    EXPECT_EQ(host().progress().texts(), (std::vector<std::string>{"Working.", "Still working."}));
+    EXPECT_EQ(host().progress().checkedPercents(), (std::vector<int32_t>{0, 100}));
+}
+
+TEST_F(ProgressStatusTest, StopPressedAtTheNthCheckHoldsForThatStatus) {
+    host().progress().pressStopAt(3);
+    VexUtilStatusStartPercentDone("Animating....", true, true);
+    EXPECT_EQ(check(5), (std::vector<bool>{true, true, false, false, false}));
+    VexUtilStatusFinishPercentDone();
+    VexUtilStatusStartPercentDone("Again", true, true);
+    EXPECT_EQ(check(2), (std::vector<bool>{true, true})) << "a new status starts unstopped";
+    VexUtilStatusFinishPercentDone();
+}
+
+TEST_F(ProgressStatusTest, StopIsCountedFromArmingAcrossStatuses) {
+    host().progress().pressStopAt(3);
+    VexUtilStatusStartPercentDone("Creating interpolated views....", true, true);
+    EXPECT_EQ(check(2), (std::vector<bool>{true, true}));
+    VexUtilStatusFinishPercentDone();
+    VexUtilStatusStartPercentDone("Animating....", true, true);
+    EXPECT_EQ(check(2), (std::vector<bool>{false, false}));
+    VexUtilStatusFinishPercentDone();
+}
+
+TEST_F(ProgressStatusTest, StatusMisuseIsAHostError) {
+    EXPECT_TRUE(VexUtilStatusCheckPercentDone(5));
+    VexUtilStatusSetPercentDoneText("x");
+    VexUtilStatusFinishPercentDone();
+    VexUtilStatusStartPercentDone("One", false, false);
+    VexUtilStatusStartPercentDone("Two", false, false);
+    VexUtilStatusCheckPercentDone(101);
+    VexUtilStatusFinishPercentDone();
+    EXPECT_EQ(takeHostErrors(),
+              (std::vector<std::string>{
+                  "VexUtilStatusCheckPercentDone: no percent-done status is open",
+                  "VexUtilStatusSetPercentDoneText: no percent-done status is open",
+                  "VexUtilStatusFinishPercentDone: no percent-done status is open",
+                  "VexUtilStatusStartPercentDone: a percent-done status (\"One\") is already "
+                  "open",
+                  "VexUtilStatusCheckPercentDone: the percentage 101 is not in 0..100"}));
+}
+
+TEST_F(ProgressStatusTest, SinkHearsEveryEvent) {
+    std::vector<std::string> heard;
+    host().progress().setSink([&](const ProgressStatus::Event& event) {
+        heard.push_back(std::to_string(static_cast<int>(event.kind)) + " " + event.text + " " +
+                        std::to_string(event.percent));
+    });
+    VexUtilStatusStartPercentDone("A", true, true);
+    VexUtilStatusCheckPercentDone(40);
+    VexUtilStatusSetPercentDoneText("B");
+    VexUtilStatusFinishPercentDone();
+    EXPECT_EQ(heard, (std::vector<std::string>{"0 A -1", "2 A 40", "1 B -1", "3 B -1"}));
+}
+
+}  // namespace
