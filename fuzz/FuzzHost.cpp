@@ -5,6 +5,7 @@
 
 #include "FuzzSupport.h"
 #include "addon/InitVexAddOn113.h"
+#include "addon/ResetAddOnState.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
 #include "ui/DialogMain.h"
@@ -56,7 +57,7 @@ FuzzHost::FuzzHost() {
 }
 
 void FuzzHost::reset() {
-    DialogMain::resetInstance();
+    resetAddOnState();
     vexhost::Host& host = vexhost::Host::instance();
     host.reset();
     scratch().keepOnly({});

@@ -36,7 +36,6 @@ class ObserverFailureTest : public AddOnTest {
 protected:
     void SetUp() override {
         AddOnTest::SetUp();
-        DialogMain::resetInstance();
         scene::transientScene();
         scene::openMainDialog();
         scene::giveDialog(scene::smallFlight(), AnimationSettings_s());
@@ -44,7 +43,6 @@ protected:
     }
     void TearDown() override {
         dialog().getKeyFrameModel().removeObserver(&failing);
-        DialogMain::resetInstance();
         AddOnTest::TearDown();
     }
 

@@ -19,14 +19,6 @@ const std::string Unlock = "VexUtilLockFinish(\"Key Frame Animation\")";
 
 class AddOnMenuTest : public vextest::AddOnTest {
 protected:
-    void SetUp() override {
-        AddOnTest::SetUp();
-        DialogMain::resetInstance();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
-    }
     bool chooseMenuItem() {
         return host().addOns().chooseMenuOption("Animate", "&Key Frame Animation...");
     }

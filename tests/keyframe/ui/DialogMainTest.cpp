@@ -23,14 +23,6 @@ public:
 
 class DialogMainTest : public vextest::AddOnTest {
 protected:
-    void SetUp() override {
-        AddOnTest::SetUp();
-        DialogMain::resetInstance();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
-    }
 };
 
 TEST_F(DialogMainTest, IsOneInstanceCreatedOnFirstUse) {

@@ -9,13 +9,11 @@ using Kind = vexhost::GuiControl::Kind;
 
 void UiTest::SetUp() {
     AddOnTest::SetUp();
-    DialogMain::resetInstance();
     user_ = std::make_unique<vexhost::GuiUser>(host());
 }
 
 void UiTest::TearDown() {
     user_.reset();
-    DialogMain::resetInstance();
     AddOnTest::TearDown();
 }
 
