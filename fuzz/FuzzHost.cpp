@@ -5,6 +5,7 @@
 
 #include "FuzzSupport.h"
 #include "addon/InitVexAddOn113.h"
+#include "addon/ResetAddOnState.h"
 #include "support/KeyFrameData.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Host.h"
@@ -34,7 +35,7 @@ FuzzHost::FuzzHost() {
 }
 
 void FuzzHost::reset() {
-    DialogMain::resetInstance();
+    resetAddOnState();
     vexhost::Host& host = vexhost::Host::instance();
     host.reset();
     scratch().keepOnly({});

@@ -16,9 +16,9 @@ enum class Destination_e : int32_t {
     ToFile = 1     // each frame is exported as one frame of a movie file
 };
 
-// The names of the destinations: "OnScreen" and "ToFile", the values of the macro parameter
-// AnimationDestination, matched without regard to case. Beside the enumeration rather than with
-// the macro commands, so that the model's printer spells no name of its own.
+// The names of the destinations, the values of the macro parameter AnimationDestination, matched
+// without regard to case. Beside the enumeration rather than with the macro commands, so that the
+// printer below and the macro parameters share it without the model depending on macro/.
 template <>
 const NameTable<Destination_e>& NameTable<Destination_e>::instance();
 

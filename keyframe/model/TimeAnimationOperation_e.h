@@ -19,9 +19,9 @@ enum class TimeAnimationOperation_e : int32_t {
     AsCaptured = 3  // from each key frame's captured solution time to the next one's
 };
 
-// The names of the operations: "Forward", "Loop", "Bounce" and "AsCaptured", as key frame
-// settings files write them, matched without regard to case. Beside the enumeration rather than
-// with the file, so that the model's printer spells no name of its own.
+// The names of the operations as key frame settings files write them, matched without regard to
+// case. Beside the enumeration rather than with the file, so that the printer below and the file
+// share it without the model depending on file/.
 template <>
 const NameTable<TimeAnimationOperation_e>& NameTable<TimeAnimationOperation_e>::instance();
 

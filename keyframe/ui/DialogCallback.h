@@ -78,13 +78,12 @@ void dialogCallback(void* clientData) noexcept {
 
 template <auto Member, CallbackLocking Locking = CallbackLocking::Lock>
 void dialogCallback(int32_t value, void* clientData) noexcept {
-    runCallbackWork<Locking>([value, clientData] {
-        auto& dialog = dialogOf(Member, clientData);
-        if constexpr (std::is_invocable_v<decltype(Member), decltype(dialog), int32_t>)
-            (dialog.*Member)(value);
-        else
-            (dialog.*Member)();
-    });
+    if constexpr (std::is_invocable_v<decltype(Member), decltype(dialogOf(Member, clientData)),
+                                      int32_t>)
+        runCallbackWork<Locking>(
+            [value, clientData] { (dialogOf(Member, clientData).*Member)(value); });
+    else
+        dialogCallback<Member, Locking>(clientData);
 }
 
 template <auto Member, CallbackLocking Locking = CallbackLocking::Lock>

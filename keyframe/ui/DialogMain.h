@@ -88,9 +88,10 @@ public:
     // The process-wide instance, created on first use.
     static DialogMain& instance();
     // Drops the instance, so that the next instance() creates a fresh one with an empty list,
-    // default settings and a new chooser. For a host that was reset (the tests): the old
-    // instance's host controls are gone with it. References to the old instance dangle; so would
-    // an idle request it left queued, which the host's reset discards.
+    // default settings and a new chooser. The add-on's reset (addon/ResetAddOnState.h) is the
+    // caller; a test that wants a fresh dialog with the add-on still registered calls it alone.
+    // References to the old instance dangle; so would an idle request it left queued, which the
+    // host's reset discards.
     static void resetInstance();
 
     virtual ~DialogMain();

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "addon/InitVexAddOn113.h"
+#include "addon/ResetAddOnState.h"
 #include "addon/StateChangeListener.h"
 #include "model/ListModelObserverInterface.h"
 #include "ui/DialogMain.h"
@@ -154,7 +155,7 @@ FaultInjector::~FaultInjector() {
 void FaultInjector::tearDown() {
     // Gone while the host still knows them: their withdrawal is an SDK call.
     listener_.reset();
-    DialogMain::resetInstance();
+    vexplot::vexutiltools::resetAddOnState();
     observer_.reset();
     Host::instance().faults().reset();
 }

@@ -70,13 +70,8 @@ class HostileMacroFileTest : public AddOnTest {
 protected:
     void SetUp() override {
         AddOnTest::SetUp();
-        DialogMain::resetInstance();
         scene::transientScene();
         scene::giveDialog(scene::smallFlight(), scene::everyStage(Destination_e::OnScreen));
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
     }
 
     TemporaryDirectory directory;

@@ -30,15 +30,10 @@ class HostileSettingsFileTest : public AddOnTest {
 protected:
     void SetUp() override {
         AddOnTest::SetUp();
-        DialogMain::resetInstance();
         scene::transientScene();
         scene::giveDialog(scene::smallFlight(), scene::everyStage(Destination_e::OnScreen));
         keyFramesBefore = dialog().getKeyFrameModel().getItems();
         settingsBefore = dialog().getSettings();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
     }
 
     static DialogMain& dialog() { return DialogMain::instance(); }

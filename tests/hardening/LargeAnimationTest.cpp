@@ -31,12 +31,7 @@ class LargeAnimationTest : public AddOnTest {
 protected:
     void SetUp() override {
         AddOnTest::SetUp();
-        DialogMain::resetInstance();
         scene::transientScene();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
     }
 };
 

@@ -22,7 +22,6 @@ class ObserverFailureTest : public AddOnTest {
 protected:
     void SetUp() override {
         AddOnTest::SetUp();
-        DialogMain::resetInstance();
         scene::transientScene();
         scene::openMainDialog();
         scene::giveDialog(scene::smallFlight(), AnimationSettings_s());
@@ -30,7 +29,6 @@ protected:
     }
     void TearDown() override {
         dialog().getKeyFrameModel().removeObserver(&failing);
-        DialogMain::resetInstance();
         AddOnTest::TearDown();
     }
 

@@ -1,14 +1,21 @@
 #include "support/HostTest.h"
 
+#include "addon/ResetAddOnState.h"
+
 namespace vextest {
 
 using vexhost::Bookkeeping;
 
 void HostTest::SetUp() {
+    // The add-on's state from a test before belongs to the host about to be reset: it goes while
+    // that host still knows it.
+    vexplot::vexutiltools::resetAddOnState();
     host().reset();
 }
 
 void HostTest::TearDown() {
+    // Before the checks, so they also see what dropping the add-on's state leaves behind.
+    vexplot::vexutiltools::resetAddOnState();
     vexhost::Host& h = host();
     EXPECT_TRUE(h.errors().empty()) << "host errors:\n"
                                     << ::testing::PrintToString(h.errors().texts());

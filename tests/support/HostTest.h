@@ -1,7 +1,10 @@
 // vextest::HostTest, the fixture for every test that talks to the host.
 //
 // SetUp resets the host, so each test starts from a clean host (no add-ons, frames, zones, log,
-// errors or memory). TearDown checks what every run must leave behind:
+// errors or memory), and the key frame add-on's process-wide state (resetAddOnState: no main
+// dialog, no identifier), so a test program run directly leaks nothing from one test into the
+// next. TearDown resets the add-on's state again and then checks what every run must leave
+// behind:
 //   - no host errors (a test that provokes them takes them with takeHostErrors());
 //   - no lock held, drawing not suspended, no percent-done status open, no export recording,
 //     no modal dialog up;

@@ -20,14 +20,6 @@ const std::string Unlock = vextest::addOnLockFinish();
 
 class AddOnMenuTest : public vextest::AddOnTest {
 protected:
-    void SetUp() override {
-        AddOnTest::SetUp();
-        DialogMain::resetInstance();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
-    }
     bool chooseMenuItem() {
         return host().addOns().chooseMenuOption("Animate", "&Key Frame Animation...");
     }

@@ -36,15 +36,6 @@ KeyFrame_s keyFrame(const std::string& name, double x, uint64_t frameCount) {
 
 class CommandExecuterTest : public vextest::AddOnTest {
 protected:
-    void SetUp() override {
-        AddOnTest::SetUp();
-        DialogMain::resetInstance();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
-    }
-
     // Runs the command string as the host's macro player does.
     vexhost::AddOnRegistry::CommandResult run(const std::string& command) {
         return host().addOns().runMacroCommand(AddOn::Name, command);

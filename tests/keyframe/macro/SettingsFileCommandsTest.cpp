@@ -16,14 +16,6 @@ namespace {
 
 class SettingsFileCommandsTest : public vextest::AddOnTest {
 protected:
-    void SetUp() override {
-        AddOnTest::SetUp();
-        DialogMain::resetInstance();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
-    }
     vextest::TemporaryDirectory directory_;
 };
 

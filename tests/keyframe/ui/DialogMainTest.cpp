@@ -16,14 +16,6 @@ using vexplot::vexutiltools::ListModelChange;
 
 class DialogMainTest : public vextest::AddOnTest {
 protected:
-    void SetUp() override {
-        AddOnTest::SetUp();
-        DialogMain::resetInstance();
-    }
-    void TearDown() override {
-        DialogMain::resetInstance();
-        AddOnTest::TearDown();
-    }
 };
 
 TEST_F(DialogMainTest, IsOneInstanceCreatedOnFirstUse) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -13,13 +12,6 @@
 namespace vexplot {
 namespace vexutiltools {
 namespace {
-
-template <typename T>
-std::string printed(T value) {
-    std::ostringstream out;
-    out << value;
-    return out.str();
-}
 
 TEST(ExportSetupTableTest, EachTableNamesItsAttribute) {
     EXPECT_STREQ(ExportSetupTable<ExportFormat_e>::instance().getAttribute(), "ExportFormat");
@@ -62,13 +54,13 @@ TEST(ExportSetupTableTest, ValuesOutsideTheTableAreOutOfRange) {
 }
 
 TEST(ExportSetupTableTest, ThePrintersWriteTheEnumeratorsOrTheNumber) {
-    EXPECT_EQ(printed(ExportFormat_e::RasterMetafile), "RasterMetafile");
-    EXPECT_EQ(printed(ExportFormat_e::Flash), "Flash");
-    EXPECT_EQ(printed(static_cast<ExportFormat_e>(1)), "ExportFormat_e(1)");
-    EXPECT_EQ(printed(ExportRegion_e::WorkArea), "WorkArea");
-    EXPECT_EQ(printed(static_cast<ExportRegion_e>(-1)), "ExportRegion_e(-1)");
-    EXPECT_EQ(printed(FlashImageType_e::Color256), "Color256");
-    EXPECT_EQ(printed(static_cast<FlashImageType_e>(3)), "FlashImageType_e(3)");
+    EXPECT_EQ(::testing::PrintToString(ExportFormat_e::RasterMetafile), "RasterMetafile");
+    EXPECT_EQ(::testing::PrintToString(ExportFormat_e::Flash), "Flash");
+    EXPECT_EQ(::testing::PrintToString(static_cast<ExportFormat_e>(1)), "ExportFormat_e(1)");
+    EXPECT_EQ(::testing::PrintToString(ExportRegion_e::WorkArea), "WorkArea");
+    EXPECT_EQ(::testing::PrintToString(static_cast<ExportRegion_e>(-1)), "ExportRegion_e(-1)");
+    EXPECT_EQ(::testing::PrintToString(FlashImageType_e::Color256), "Color256");
+    EXPECT_EQ(::testing::PrintToString(static_cast<FlashImageType_e>(3)), "FlashImageType_e(3)");
 }
 
 }  // namespace

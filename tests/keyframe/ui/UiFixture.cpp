@@ -9,13 +9,11 @@ using Kind = vexhost::GuiControl::Kind;
 
 void UiFixture::SetUp() {
     AddOnTest::SetUp();
-    DialogMain::resetInstance();
     user_ = std::make_unique<vexhost::GuiUser>(host());
 }
 
 void UiFixture::TearDown() {
     user_.reset();
-    DialogMain::resetInstance();
     AddOnTest::TearDown();
 }
 
