@@ -13,7 +13,7 @@ Host::Host()
       lock_(*this),
       addOns_(*this),
       frames_(*this),
-      style_(*this),
+      style_(errors_, frames_, memory_),
       dataSet_(*this),
       drawing_(*this),
       progress_(*this),
