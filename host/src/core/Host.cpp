@@ -20,7 +20,7 @@ Host::Host()
       idleQueue_(*this),
       dialogs_(*this),
       trace_(*this),
-      exporter_(*this) {}
+      exporter_(style_, frames_, drawing_, errors_, dialogs_, trace_) {}
 
 Host::~Host() = default;
 
