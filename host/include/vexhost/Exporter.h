@@ -34,7 +34,12 @@
 
 namespace vexhost {
 
-class Host;
+class Drawing;
+class FrameStack;
+class FrameTrace;
+class HostErrors;
+class StyleStore;
+class UserDialogs;
 
 class Exporter {
 public:
@@ -46,7 +51,11 @@ public:
         uint64_t cancels = 0;
     };
 
-    explicit Exporter(Host& host);
+    // The export setup is the ("ExportSetup", ...) values of `style`; pictures are drawn by
+    // `drawing` from the frames of `frames`; host errors, error dialogs and the frame trace's
+    // events go to `errors`, `dialogs` and `trace`.
+    Exporter(StyleStore& style, FrameStack& frames, Drawing& drawing, HostErrors& errors,
+             UserDialogs& dialogs, FrameTrace& trace);
     ~Exporter();
     Exporter(const Exporter&) = delete;
     Exporter& operator=(const Exporter&) = delete;
@@ -71,9 +80,9 @@ public:
     std::vector<std::string> takeLog();
 
     // ---- SDK side ----
-    // VexUtilExportSetup: the attribute (case-insensitive), no sub-attribute; ExportFName passes a
-    // `const char*` in intValue, AnimationSpeed a double, the others an integer or bool in
-    // intValue.
+    // VexUtilExportSetup: the attribute (case-insensitive, core/ExportSetupAttribute.h), no
+    // sub-attribute; ExportFName passes a `const char*` in intValue, AnimationSpeed a double, the
+    // others an integer or bool in intValue.
     VexSetValueReturnCode_e setup(const char* attribute, const char* subAttribute,
                                   double doubleValue, VexArbParam_t intValue);
     bool start();
@@ -93,7 +102,12 @@ private:
     // Cancels and drops the writer, if any, whatever it throws.
     void abandonWriter();
 
-    Host& host_;
+    StyleStore& style_;
+    FrameStack& frames_;
+    Drawing& drawing_;
+    HostErrors& errors_;
+    UserDialogs& dialogs_;
+    FrameTrace& trace_;
     bool recording_ = false;
     bool refuseStart_ = false;
     uint64_t frameCount_ = 0;

@@ -7,14 +7,9 @@
 // - every other line is a command: "$!" and a command word (any case), then its arguments:
 //     $!ADDON "<add-on name>" <command string>   the rest of the line, as it stands, goes to that
 //                                                 add-on's macro command callback
-//     $!EXPORTSETUP <Attribute> = <value>         the export options, as VexUtilExportSetup takes
-//     them
-//     $!SET <path word> ... = <value>             a style value; the value is read by the path's
-//     type
-//     $!VIEW <x> <y> <z> <psi> <theta> <alpha> <width>
-//     $!SOLUTIONTIME <t>   $!PLOTTYPE <n>   $!NEWFRAME <plot type>   $!DELETEFRAMES
-//     $!ZONE <solution time> <strand id>   $!REDRAW
-//   and the words added with addCommand (dialog driving, snapshots).
+//   and the words added with addCommand: the built-in commands ($!EXPORTSETUP, $!SET, $!VIEW, ...;
+//   host/src/script/BuiltInCommands.h), which a player made from a Host installs itself, and
+//   others such as dialog driving ($!UI) and snapshots ($!SNAPSHOT).
 //
 // A line fails when its command fails, when the add-on's callback answers false, or when the host
 // recorded errors (for example a Yes/No question with no answer queued) or was left locked,
@@ -22,10 +17,10 @@
 // is the dialog's: its OK or Cancel, pressed by a later line, releases it. After every command
 // line, failed or not, the idle queue runs, as the application's main loop does when it goes idle.
 //
-// While the host's macro recorder is on, each host command that succeeds is recorded as the line
-// it was (without surrounding blanks). $!ADDON lines are not recorded by the player: the add-on
-// records its own commands (only those that succeeded), and recording both would replay them
-// twice. Commands added with addCommand say whether the player records them.
+// While the host's macro recorder is on, each command that succeeds is recorded as the line it was
+// (without surrounding blanks) when its command says so. $!ADDON lines are not recorded by the
+// player: the add-on records its own commands (only those that succeeded), and recording both
+// would replay them twice.
 //
 // No line, however long or broken, crashes or hangs the player: every failure is a MacroError
 // whose text names what was wrong.
@@ -41,7 +36,15 @@
 
 namespace vexhost {
 
+class AddOnRegistry;
+class Drawing;
+class GuiModel;
 class Host;
+class HostErrors;
+class IdleQueue;
+class LockState;
+class MacroRecorder;
+class ProgressStatus;
 
 class MacroFileRunner {
 public:
@@ -64,12 +67,20 @@ public:
     // any, is reported: vexplot shows the export log there.
     using LineObserver = std::function<void()>;
 
+    // The player of the host's macros: the built-in commands installed.
     explicit MacroFileRunner(Host& host);
+    // A player that knows $!ADDON only, until commands are added. The parts are what it checks
+    // after each line: it runs `idleQueue`, fails the line for what `errors`, `lock` (a lock held
+    // outside a modal dialog of `gui`), `drawing` and `progress` were left with, and records to
+    // `recorder`.
+    MacroFileRunner(AddOnRegistry& addOns, IdleQueue& idleQueue, HostErrors& errors,
+                    LockState& lock, GuiModel& gui, Drawing& drawing, ProgressStatus& progress,
+                    MacroRecorder& recorder);
     MacroFileRunner(const MacroFileRunner&) = delete;
     MacroFileRunner& operator=(const MacroFileRunner&) = delete;
 
-    // Adds a command word (without "$!", any case). std::logic_error naming the word when it is
-    // empty or already a command.
+    // Adds a command word (without "$!", any case); its handler gets the arguments without the
+    // blanks around them. std::logic_error naming the word when it is empty or already a command.
     void addCommand(const std::string& word, CommandHandler handler, Recording recording);
 
     // Whether a failing line ends the file (the default) or the player reports it and goes on.
@@ -97,13 +108,6 @@ private:
         CommandHandler handler;
         Recording recording;
     };
-    struct BuiltInCommand {
-        const char* word;  // upper case, without "$!"
-        void (MacroFileRunner::*run)(const std::string& arguments);
-        Recording recording;
-    };
-    static const std::vector<BuiltInCommand>& builtInCommands();
-
     // Runs a command line (no comment, no blank); throws MacroError.
     void runCommand(const std::string& line);
     // Returns whether the player records the line when it succeeds.
@@ -111,17 +115,15 @@ private:
     void report(const std::string& source, std::size_t lineNumber, const std::string& message);
 
     void runAddOn(const std::string& arguments);
-    void runExportSetup(const std::string& arguments);
-    void runSet(const std::string& arguments);
-    void runView(const std::string& arguments);
-    void runSolutionTime(const std::string& arguments);
-    void runPlotType(const std::string& arguments);
-    void runNewFrame(const std::string& arguments);
-    void runDeleteFrames(const std::string& arguments);
-    void runZone(const std::string& arguments);
-    void runRedraw(const std::string& arguments);
 
-    Host& host_;
+    AddOnRegistry& addOns_;
+    IdleQueue& idleQueue_;
+    HostErrors& errors_;
+    LockState& lock_;
+    GuiModel& gui_;
+    Drawing& drawing_;
+    ProgressStatus& progress_;
+    MacroRecorder& recorder_;
     std::map<std::string, AddedCommand> added_;  // by upper-case word
     bool keepGoing_ = false;
     FailureSink failureSink_;

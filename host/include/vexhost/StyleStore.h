@@ -11,41 +11,50 @@
 // the nearest); a bool is only a bool and a string only a string. Doubles must be finite, and each
 // value has its range; a value outside it is VexSetValue_InvalidValue and nothing changes.
 //
-// The SDK side (the X-calls) answers with the SDK's return codes: an unknown path is
+// The SDK side takes the path words and the VALUE argument of an X-call whose argument list the
+// SDK layer has already checked, and answers with the SDK's return codes: an unknown path is
 // VexSetValue_InvalidCommandOption / VexGetValue_InvalidPath, a wrong value type
 // VexSetValue_InvalidValue / VexGetValue_WrongType, a path made to refuse VexSetValue_ContextError
-// / VexGetValue_ContextError. A malformed argument list is a host error as well. Each successful
-// SDK set sends VexStateChange_Style. A set or get with the call log off makes no heap allocation
-// (except to copy a string value).
+// / VexGetValue_ContextError. A string is answered as a host string (Bookkeeping). A set or get
+// makes no heap allocation (except to copy a string value).
 //
-// The control side neither checks the lock, nor honours refusals, nor sends state changes.
+// The control side neither checks the lock nor honours refusals. Neither side tells the state
+// change listeners: the X-call and the macro player do.
 #ifndef VEXHOST_STYLESTORE_H
 #define VEXHOST_STYLESTORE_H
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "vxsdkbase.h"
 
 namespace vexhost {
 
-class Host;
+class Bookkeeping;
+class FrameStack;
+class HostErrors;
+struct StyleValue;
 
 class StyleStore {
 public:
     enum class ValueType { Double, Int, Bool, String };
     using Path = std::vector<std::string>;
 
-    explicit StyleStore(Host& host);
+    // Host errors go to `errors`, the "ThreeDView" values are those of the active frame of
+    // `frames`, and strings are handed out as host strings of `memory`.
+    StyleStore(HostErrors& errors, FrameStack& frames, Bookkeeping& memory);
     ~StyleStore();
     StyleStore(const StyleStore&) = delete;
     StyleStore& operator=(const StyleStore&) = delete;
 
     // ---- SDK side ----
-    VexSetValueReturnCode_e sdkSet(const VexArg_s* args, int32_t count);
-    VexGetValueReturnCode_e sdkGet(const VexArg_s* args, int32_t count);
+    // VexUtilStyleSetLowLevelX and VexUtilStyleGetLowLevelX: `depth` path words (at least one),
+    // and VALUE (a value to set, a non-null pointer to receive the value).
+    VexSetValueReturnCode_e sdkSet(const char* const* words, int depth, const VexArg_s& value);
+    VexGetValueReturnCode_e sdkGet(const char* const* words, int depth, const VexArg_s& value);
 
     // ---- Control side ----
     // Every path of the tree, in the order of docs/host.md.
@@ -57,7 +66,7 @@ public:
     int64_t getInt(const Path& path) const;
     bool getBool(const Path& path) const;
     std::string getString(const Path& path) const;
-    // The SDK's set rules and return codes, without lock, refusal or state change.
+    // The SDK's set rules and return codes, without lock or refusal.
     VexSetValueReturnCode_e setDouble(const Path& path, double value);
     VexSetValueReturnCode_e setInt(const Path& path, int64_t value);
     VexSetValueReturnCode_e setBool(const Path& path, bool value);
@@ -73,13 +82,22 @@ public:
     struct Entry;  // one path of the tree (StyleStore.cpp)
 
 private:
-    int findEntry(const char* const* words, int depth) const;
-    int findEntry(const Path& path) const;
-    int requireEntry(const char* function, const Path& path) const;
+    // The entry's index, -1 when unknown. Entries are found by a scan, shapes first
+    // (StyleDefinition::shapeOf): the tree is small, and the scan allocates nothing.
+    int find(const std::string_view* words, int depth) const;
+    int find(const char* const* words, int depth) const;
+    int find(const Path& path) const;
+    // The index; std::invalid_argument naming the path when unknown.
+    int require(const char* function, const Path& path) const;
 
-    Host& host_;
-    std::vector<Entry> entries_;
-    std::vector<int16_t> slots_;  // open-addressing table of entry indices by path hash; -1 empty
+    VexSetValueReturnCode_e controlSet(const char* function, const Path& path,
+                                       const StyleValue& value);
+
+    HostErrors& errors_;
+    FrameStack& frames_;
+    Bookkeeping& memory_;
+    std::vector<Entry> entries_;    // in the order of the definitions (StyleDefinition)
+    std::vector<uint32_t> shapes_;  // of each entry's path, side by side for the scan
 };
 
 }  // namespace vexhost

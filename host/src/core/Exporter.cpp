@@ -2,88 +2,75 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <exception>
 #include <stdexcept>
+#include <variant>
 
+#include "core/ExportSetupAttribute.h"
 #include "core/NullMovieWriter.h"
-#include "vexhost/Host.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/FrameTrace.h"
+#include "vexhost/HostErrors.h"
 #include "vexhost/MovieWriterFactory.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexhost {
 
 namespace {
 
-enum class SetupKind { Int, Bool, Double, FileName };
-
-struct SetupAttribute {
-    const char* name;
-    SetupKind kind;
-};
-
-const SetupAttribute SetupAttributes[] = {
-    {"ExportFormat", SetupKind::Int},
-    {"ExportRegion", SetupKind::Int},
-    {"ImageWidth", SetupKind::Int},
-    {"AnimationSpeed", SetupKind::Double},
-    {"UseSuperSampleAntiAliasing", SetupKind::Bool},
-    {"SuperSampleFactor", SetupKind::Int},
-    {"FlashImageType", SetupKind::Int},
-    {"FlashCompressionType", SetupKind::Int},
-    {"ExportFName", SetupKind::FileName},
-};
-
-bool equalsIgnoringCase(const char* a, const char* b) {
-    for (; *a != '\0' && *b != '\0'; ++a, ++b) {
-        const char ca = (*a >= 'A' && *a <= 'Z') ? static_cast<char>(*a + 32) : *a;
-        const char cb = (*b >= 'A' && *b <= 'Z') ? static_cast<char>(*b + 32) : *b;
-        if (ca != cb)
-            return false;
-    }
-    return *a == *b;
+// Reads one export setup value into its field of ExportSettings.
+void readInto(const StyleStore& style, const StyleStore::Path& path, int& field) {
+    field = static_cast<int>(style.getInt(path));
 }
-
-StyleStore::Path setupPath(const char* attribute) {
-    return {"ExportSetup", attribute};
+void readInto(const StyleStore& style, const StyleStore::Path& path, double& field) {
+    field = style.getDouble(path);
+}
+void readInto(const StyleStore& style, const StyleStore::Path& path, bool& field) {
+    field = style.getBool(path);
+}
+void readInto(const StyleStore& style, const StyleStore::Path& path, std::string& field) {
+    field = style.getString(path);
 }
 
 }  // namespace
 
-Exporter::Exporter(Host& host) : host_(host) {}
+Exporter::Exporter(StyleStore& style, FrameStack& frames, Drawing& drawing, HostErrors& errors,
+                   UserDialogs& dialogs, FrameTrace& trace)
+    : style_(style),
+      frames_(frames),
+      drawing_(drawing),
+      errors_(errors),
+      dialogs_(dialogs),
+      trace_(trace) {}
 
 Exporter::~Exporter() {
     abandonWriter();
 }
 
 ExportSettings Exporter::settings() const {
-    StyleStore& style = host_.style();
     ExportSettings s;
-    s.format = static_cast<int>(style.getInt(setupPath("ExportFormat")));
-    s.region = static_cast<int>(style.getInt(setupPath("ExportRegion")));
-    s.imageWidth = static_cast<int>(style.getInt(setupPath("ImageWidth")));
-    s.animationSpeed = style.getDouble(setupPath("AnimationSpeed"));
-    s.useSuperSampling = style.getBool(setupPath("UseSuperSampleAntiAliasing"));
-    s.superSampleFactor = static_cast<int>(style.getInt(setupPath("SuperSampleFactor")));
-    s.flashImageType = static_cast<int>(style.getInt(setupPath("FlashImageType")));
-    s.flashCompressionType = static_cast<int>(style.getInt(setupPath("FlashCompressionType")));
-    s.fileName = style.getString(setupPath("ExportFName"));
+    for (const ExportSetupAttribute& attribute : ExportSetupAttribute::all()) {
+        const StyleStore::Path path = attribute.path();
+        std::visit([&](auto field) { readInto(style_, path, s.*field); }, attribute.field);
+    }
     return s;
 }
 
 std::pair<int, int> Exporter::imageSize() const {
-    FrameStack& frames = host_.frames();
     const double ppi = FrameStack::PixelsPerInch;
-    int64_t regionWidth = frames.workAreaWidth(), regionHeight = frames.workAreaHeight();
+    int64_t regionWidth = frames_.workAreaWidth(), regionHeight = frames_.workAreaHeight();
     const ExportSettings s = settings();
-    if (s.region == VexExportRegion_CurrentFrame && frames.active() != nullptr) {
-        const std::pair<int, int> size = Drawing::pixelSize(*frames.active());
+    if (s.region == VexExportRegion_CurrentFrame && frames_.active() != nullptr) {
+        const std::pair<int, int> size = Drawing::pixelSize(*frames_.active());
         regionWidth = size.first;
         regionHeight = size.second;
-    } else if (s.region == VexExportRegion_AllFrames && !frames.empty()) {
-        double left = frames.at(0).x(), top = frames.at(0).y();
-        double right = left + frames.at(0).width(), bottom = top + frames.at(0).height();
-        for (int i = 1; i < frames.count(); ++i) {
-            const Frame& f = frames.at(static_cast<std::size_t>(i));
+    } else if (s.region == VexExportRegion_AllFrames && !frames_.empty()) {
+        double left = frames_.at(0).x(), top = frames_.at(0).y();
+        double right = left + frames_.at(0).width(), bottom = top + frames_.at(0).height();
+        for (int i = 1; i < frames_.count(); ++i) {
+            const Frame& f = frames_.at(static_cast<std::size_t>(i));
             left = std::min(left, f.x());
             top = std::min(top, f.y());
             right = std::max(right, f.x() + f.width());
@@ -121,29 +108,24 @@ VexSetValueReturnCode_e Exporter::setup(const char* attribute, const char* subAt
                                         double doubleValue, VexArbParam_t intValue) {
     if (attribute == nullptr || (subAttribute != nullptr && *subAttribute != '\0'))
         return VexSetValue_InvalidCommandOption;
-    const SetupAttribute* found = nullptr;
-    for (const SetupAttribute& candidate : SetupAttributes) {
-        if (equalsIgnoringCase(candidate.name, attribute))
-            found = &candidate;
-    }
+    const ExportSetupAttribute* found = ExportSetupAttribute::find(attribute);
     if (found == nullptr)
         return VexSetValue_InvalidCommandOption;
-    StyleStore& style = host_.style();
-    const StyleStore::Path path = setupPath(found->name);
-    switch (found->kind) {
-        case SetupKind::Int:
-            return style.setInt(path, static_cast<int64_t>(intValue));
-        case SetupKind::Double:
-            return style.setDouble(path, doubleValue);
-        case SetupKind::Bool:
+    const StyleStore::Path path = found->path();
+    switch (found->type()) {
+        case StyleStore::ValueType::Int:
+            return style_.setInt(path, static_cast<int64_t>(intValue));
+        case StyleStore::ValueType::Double:
+            return style_.setDouble(path, doubleValue);
+        case StyleStore::ValueType::Bool:
             if (intValue != 0 && intValue != 1)
                 return VexSetValue_InvalidValue;
-            return style.setBool(path, intValue != 0);
-        case SetupKind::FileName: {
+            return style_.setBool(path, intValue != 0);
+        case StyleStore::ValueType::String: {
             const char* name = reinterpret_cast<const char*>(intValue);
             if (name == nullptr)
                 return VexSetValue_InvalidValue;
-            return style.setString(path, name);
+            return style_.setString(path, name);
         }
     }
     return VexSetValue_InvalidCommandOption;
@@ -156,8 +138,8 @@ bool Exporter::start() {
         log_.push_back("Export not started: the host was told to refuse export starts.");
         return false;
     }
-    if (host_.frames().active() == nullptr) {
-        host_.errors().record("VexUtilExportStart", "there is no frame to export");
+    if (frames_.active() == nullptr) {
+        errors_.record("VexUtilExportStart", "there is no frame to export");
         return false;
     }
     const ExportSettings s = settings();
@@ -177,7 +159,7 @@ bool Exporter::start() {
         addPicture();
     } catch (const std::exception& error) {
         abandonWriter();
-        host_.dialogs().showError(error.what());
+        dialogs_.showError(error.what());
         log_.push_back("Export not started: the error shown says why.");
         return false;
     }
@@ -188,25 +170,25 @@ bool Exporter::start() {
     log_.push_back("Export started: format " + std::to_string(s.format) + ", " +
                    std::to_string(width_) + " x " + std::to_string(height_) + " pixels, to \"" +
                    s.fileName + "\".");
-    host_.trace().writeEvent("export-start");
+    trace_.writeEvent("export-start");
     return true;
 }
 
 bool Exporter::nextFrame() {
     if (!recording_) {
-        host_.errors().record("VexUtilExportNextFrame", "no export is being recorded");
+        errors_.record("VexUtilExportNextFrame", "no export is being recorded");
         return false;
     }
-    host_.trace().writeEvent("export-frame");
+    trace_.writeEvent("export-frame");
     return takePicture();
 }
 
 bool Exporter::finish() {
     if (!recording_) {
-        host_.errors().record("VexUtilExportFinish", "no export is being recorded");
+        errors_.record("VexUtilExportFinish", "no export is being recorded");
         return false;
     }
-    host_.trace().writeEvent("export-finish");
+    trace_.writeEvent("export-finish");
     recording_ = false;
     if (writer_ == nullptr) {
         log_.push_back("Export failed after " + std::to_string(frameCount_) +
@@ -227,10 +209,10 @@ bool Exporter::finish() {
 
 bool Exporter::cancel() {
     if (!recording_) {
-        host_.errors().record("VexUtilExportCancel", "no export is being recorded");
+        errors_.record("VexUtilExportCancel", "no export is being recorded");
         return false;
     }
-    host_.trace().writeEvent("export-cancel");
+    trace_.writeEvent("export-cancel");
     recording_ = false;
     ++counts_.cancels;
     if (writer_ != nullptr) {
@@ -246,7 +228,7 @@ bool Exporter::cancel() {
 }
 
 void Exporter::addPicture() {
-    writer_->addFrame(host_.drawing().picture(width_, height_, supersample_));
+    writer_->addFrame(drawing_.picture(width_, height_, supersample_));
 }
 
 bool Exporter::takePicture() {
@@ -267,7 +249,7 @@ bool Exporter::takePicture() {
 void Exporter::writerFailed(const char* what, const std::exception& error) {
     // Told once, when it happens: the rest of the run goes on without a movie, and finishing says
     // that none was written.
-    host_.dialogs().showError(error.what());
+    dialogs_.showError(error.what());
     log_.push_back(std::string("Export failed while ") + what + ": " + error.what());
     abandonWriter();
 }

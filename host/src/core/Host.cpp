@@ -13,14 +13,14 @@ Host::Host()
       lock_(*this),
       addOns_(*this),
       frames_(*this),
-      style_(*this),
+      style_(errors_, frames_, memory_),
       dataSet_(*this),
       drawing_(*this),
       progress_(*this),
       idleQueue_(*this),
       dialogs_(*this),
       trace_(*this),
-      exporter_(*this) {}
+      exporter_(style_, frames_, drawing_, errors_, dialogs_, trace_) {}
 
 Host::~Host() = default;
 

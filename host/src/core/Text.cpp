@@ -55,5 +55,22 @@ void appendQuoted(std::string& out, const char* text) {
     out += '"';
 }
 
+std::string listOf(const std::vector<std::string>& items, const char* last) {
+    std::string list;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (i > 0) {
+            if (i + 1 == items.size()) {
+                list += ' ';
+                list += last;
+                list += ' ';
+            } else {
+                list += ", ";
+            }
+        }
+        list += items[i];
+    }
+    return list;
+}
+
 }  // namespace text
 }  // namespace vexhost

@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "script/MacroText.h"
+#include "core/Text.h"
 
 namespace vexhost {
 
@@ -50,7 +50,7 @@ const char* GuiControl::kindName(Kind kind) {
 
 std::optional<GuiControl::Kind> GuiControl::kindOfWord(std::string_view word) {
     for (const KindNames& names : Names) {
-        if (script::equalsIgnoringCase(names.word, word))
+        if (text::equalsIgnoringCase(names.word, word))
             return names.kind;
     }
     return std::nullopt;

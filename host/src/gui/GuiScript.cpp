@@ -4,6 +4,7 @@
 #include <optional>
 #include <ostream>
 
+#include "core/Text.h"
 #include "script/MacroText.h"
 #include "vexhost/GuiDump.h"
 #include "vexhost/GuiError.h"
@@ -13,11 +14,11 @@
 
 namespace vexhost {
 
-using script::equalsIgnoringCase;
 using script::isBlank;
 using script::parseWholeNumber;
 using script::quoteForMessage;
 using script::upperCase;
+using text::equalsIgnoringCase;
 using Kind = GuiControl::Kind;
 using Word = GuiScript::Word;
 

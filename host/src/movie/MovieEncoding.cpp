@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "core/ExportSetupAttribute.h"
+
 namespace vexhost {
 namespace {
 
@@ -31,20 +33,6 @@ MovieEncoding mjpeg(const std::string& container, int qscale) {
 }
 
 }  // namespace
-
-bool MovieEncoding::isMovieFormat(int format) {
-    switch (format) {
-        case VexExportFormat_RasterMetafile:
-        case VexExportFormat_AVI:
-        case VexExportFormat_Flash:
-        case VexExportFormat_FLV:
-        case VexExportFormat_MPEG4:
-        case VexExportFormat_WMV:
-            return true;
-        default:
-            return false;
-    }
-}
 
 MovieEncoding MovieEncoding::forSettings(const ExportSettings& settings) {
     MovieEncoding e;
@@ -86,7 +74,8 @@ MovieEncoding MovieEncoding::forSettings(const ExportSettings& settings) {
                 default:
                     throw std::runtime_error(
                         "The Flash image type " + std::to_string(settings.flashImageType) +
-                        " is not one of 0 (True Color), 1 (JPEG) and 2 (256 Colors)");
+                        " is not one of " +
+                        ExportSetupAttribute::of(&ExportSettings::flashImageType).describeValues());
             }
         }
         case VexExportFormat_WMV:
@@ -110,8 +99,8 @@ MovieEncoding MovieEncoding::forSettings(const ExportSettings& settings) {
         default:
             throw std::runtime_error(
                 "The export format " + std::to_string(settings.format) +
-                " does not make movies; the movie formats are 0 (Raster Metafile), 14 (AVI), "
-                "17 (Flash (SWF)), 20 (Flash (FLV)), 21 (MPEG-4) and 22 (WMV)");
+                " does not make movies; the movie formats are " +
+                ExportSetupAttribute::of(&ExportSettings::format).describeValues());
     }
 }
 

@@ -46,9 +46,8 @@ struct MovieEncoding {
     Options encoderOptions;
     Options muxerOptions;
 
-    static bool isMovieFormat(int format);
-    // Throws std::runtime_error for a format that makes no movie, or a Flash image type out of
-    // range (with the Flash format).
+    // Throws std::runtime_error for a format that makes no movie (ExportSetupAttribute::
+    // isMovieFormat), or a Flash image type out of range (with the Flash format).
     static MovieEncoding forSettings(const ExportSettings& settings);
 };
 

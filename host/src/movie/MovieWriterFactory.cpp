@@ -1,16 +1,17 @@
 #include "vexhost/MovieWriterFactory.h"
 
+#include "core/ExportSetupAttribute.h"
 #include "movie/FfmpegMovieWriter.h"
 #include "movie/MovieEncoding.h"
 
 namespace vexhost {
 
 bool isMovieFormat(int exportFormat) {
-    return MovieEncoding::isMovieFormat(exportFormat);
+    return ExportSetupAttribute::isMovieFormat(exportFormat);
 }
 
 bool takesEvenSizesOnly(int exportFormat) {
-    if (!MovieEncoding::isMovieFormat(exportFormat))
+    if (!isMovieFormat(exportFormat))
         return false;
     ExportSettings settings;
     settings.format = exportFormat;

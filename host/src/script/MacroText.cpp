@@ -12,10 +12,6 @@ namespace {
 
 constexpr std::size_t MessageExcerptLength = 60;
 
-char lowerCase(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 }  // namespace
 
 bool isBlank(char c) {
@@ -66,16 +62,6 @@ std::string upperCase(std::string_view text) {
     return upper;
 }
 
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (lowerCase(a[i]) != lowerCase(b[i]))
-            return false;
-    }
-    return true;
-}
-
 std::optional<double> parseNumber(std::string_view text) {
     if (text.empty())
         return std::nullopt;
@@ -110,9 +96,9 @@ std::optional<int64_t> parseWholeNumber(std::string_view text, int64_t min, int6
 }
 
 std::optional<bool> parseBoolean(std::string_view text) {
-    if (equalsIgnoringCase(text, "true"))
+    if (text::equalsIgnoringCase(text, "true"))
         return true;
-    if (equalsIgnoringCase(text, "false"))
+    if (text::equalsIgnoringCase(text, "false"))
         return false;
     return std::nullopt;
 }

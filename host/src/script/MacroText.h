@@ -1,6 +1,7 @@
 // Reading the words and values of macro lines, and quoting what the user wrote in messages.
 // Blanks are spaces and tabs. Every parser answers nullopt for text it does not take, so the caller
-// says in its own message what was expected.
+// says in its own message what was expected. Words are compared without regard to case with
+// text::equalsIgnoringCase (core/Text.h).
 #ifndef VEXHOST_SCRIPT_MACROTEXT_H
 #define VEXHOST_SCRIPT_MACROTEXT_H
 
@@ -18,7 +19,6 @@ std::string_view trimBlanks(std::string_view text);
 std::vector<std::string> splitWords(std::string_view text);
 std::string joinWords(const std::vector<std::string>& words);
 std::string upperCase(std::string_view text);
-bool equalsIgnoringCase(std::string_view a, std::string_view b);
 
 // A finite decimal number in the C form ("-2.5", "1e-3", ".5"); the whole text must be the number.
 std::optional<double> parseNumber(std::string_view text);

@@ -1,5 +1,7 @@
 #include "sdk/SdkCall.h"
 
+#include "sdk/StyleArgList.h"
+
 namespace vexhost {
 namespace sdk {
 
@@ -9,15 +11,15 @@ void appendArg(std::string& out, AddOnArg value) {
 
 void appendArg(std::string& out, const StyleArgs& value) {
     // Path words in P1..P6 order, whatever order the list has them in, then the value of a set.
-    const VexArg_s* words[6] = {};
+    const VexArg_s* words[StyleArgList::MaxWords] = {};
     const VexArg_s* valueArg = nullptr;
     for (int32_t n = 0; value.args != nullptr && n < value.count; ++n) {
         const VexArg_s& arg = value.args[n];
         if (arg.name == nullptr)
             continue;
-        if ((arg.name[0] == 'P' || arg.name[0] == 'p') && arg.name[1] >= '1' &&
-            arg.name[1] <= '6' && arg.name[2] == '\0')
-            words[arg.name[1] - '1'] = &arg;
+        const int index = StyleArgList::pathWordIndex(arg.name);
+        if (index >= 0)
+            words[index] = &arg;
         else
             valueArg = &arg;
     }

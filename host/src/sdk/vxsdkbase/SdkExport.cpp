@@ -1,4 +1,5 @@
 // Export setup and the export state machine.
+#include "core/ExportSetupAttribute.h"
 #include "sdk/SdkCall.h"
 
 using vexhost::FaultPlan;
@@ -7,17 +8,10 @@ using vexhost::sdk::StringInInteger;
 
 namespace {
 
-bool isFileNameAttribute(const char* attribute) {
-    if (attribute == nullptr)
-        return false;
-    const char* expected = "exportfname";
-    for (; *attribute != '\0' && *expected != '\0'; ++attribute, ++expected) {
-        const char c = (*attribute >= 'A' && *attribute <= 'Z') ? static_cast<char>(*attribute + 32)
-                                                                : *attribute;
-        if (c != *expected)
-            return false;
-    }
-    return *attribute == *expected;
+bool passesAString(const char* attribute) {
+    const vexhost::ExportSetupAttribute* found =
+        attribute != nullptr ? vexhost::ExportSetupAttribute::find(attribute) : nullptr;
+    return found != nullptr && found->type() == vexhost::StyleStore::ValueType::String;
 }
 
 }  // namespace
@@ -25,7 +19,7 @@ bool isFileNameAttribute(const char* attribute) {
 VexSetValueReturnCode_e VexUtilExportSetup(const char* attribute, const char* subAttribute,
                                            double doubleValue, VexArbParam_t intValue) {
     // The file name travels in the integer; logged as the string it points to.
-    if (isFileNameAttribute(attribute)) {
+    if (passesAString(attribute)) {
         SdkCall call("VexUtilExportSetup", attribute, subAttribute, doubleValue,
                      StringInInteger{intValue});
         call.requireLock();
