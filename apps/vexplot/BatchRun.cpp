@@ -80,9 +80,10 @@ bool BatchRun::setUp() {
 }
 
 bool BatchRun::runMacroFiles() {
+    vexhost::GuiUser user(host_);
     vexhost::MacroFileRunner runner(host_);
     // $!UI DUMP is what a run prints on stdout.
-    vexhost::GuiScript::install(runner, host_, std::cout);
+    vexhost::GuiScript::install(runner, user, host_.gui(), std::cout);
     SnapshotCommand::install(runner, host_);
     runner.setKeepGoing(options_.keepGoing);
     runner.setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {

@@ -10,6 +10,8 @@
 #ifndef VEXHOST_HOST_H
 #define VEXHOST_HOST_H
 
+#include <memory>
+
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/CallLog.h"
@@ -31,6 +33,8 @@
 #include "vexhost/UserDialogs.h"
 
 namespace vexhost {
+
+class ActiveFrameScene;
 
 class Host {
 public:
@@ -75,22 +79,24 @@ private:
     Host();
     ~Host();
 
+    // Each part is built after the parts it takes.
     CallLog callLog_;
     HostErrors errors_;
-    FaultPlan faults_;  // before memory_, which consults it
+    FaultPlan faults_;
     Bookkeeping memory_;
     StateNotifier stateChanges_;
-    LockState lock_;
     AddOnRegistry addOns_;
+    LockState lock_;
     FrameStack frames_;
     StyleStore style_;
     DataSet dataSet_;
+    std::unique_ptr<ActiveFrameScene> scene_;
+    FrameTrace trace_;
     Drawing drawing_;
     ProgressStatus progress_;
     IdleQueue idleQueue_;
     MacroRecorder macro_;
     UserDialogs dialogs_;
-    FrameTrace trace_;
     Exporter exporter_;
     GuiModel gui_;
 };
