@@ -3,6 +3,7 @@
 
 #include "sdk/SdkCall.h"
 
+using vexhost::sdk::FreedString;
 using vexhost::sdk::SdkCall;
 
 char* VexUtilStringAlloc(int32_t maxLength, const char* debugInfo) {
@@ -20,17 +21,15 @@ void VexUtilStringDealloc(char** string) {
         call.error("no string was given");
         return;
     }
-    // Logged with its text only while it is a live host string: a foreign pointer is not read.
-    vexhost::Host& host = vexhost::Host::instance();
-    const bool known = *string != nullptr && host.memory().isString(*string);
-    SdkCall call("VexUtilStringDealloc", known ? *string : nullptr);
+    SdkCall call("VexUtilStringDealloc", FreedString{*string});
     if (*string == nullptr)
         return;  // freeing nothing is allowed, as with free()
-    if (!known) {
+    vexhost::Bookkeeping& memory = call.host().memory();
+    if (!memory.isString(*string)) {
         call.error("the string was not handed out by the host, or was freed already");
         return;
     }
-    host.memory().freeString(*string);
+    memory.freeString(*string);
     *string = nullptr;
 }
 
