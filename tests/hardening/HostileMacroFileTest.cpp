@@ -97,7 +97,7 @@ TEST_F(HostileMacroFileTest, EveryMalformedLineFailsAloneWithItsMessageAndChange
     std::ostringstream dumps;
     vexhost::GuiUser user(host);
     vexhost::MacroFileRunner runner(host);
-    vexhost::GuiScript::install(runner, user, host.gui(), dumps);
+    vexhost::GuiScript::install(runner, user, host.guiModel(), dumps);
     runner.setKeepGoing(true);
     std::vector<vexhost::MacroFileRunner::Failure> failures;
     runner.setFailureSink([&failures](const vexhost::MacroFileRunner::Failure& failure) {

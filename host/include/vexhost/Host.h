@@ -54,14 +54,14 @@ public:
     IdleQueue& idleQueue() { return idleQueue_; }
     StateNotifier& stateChanges() { return stateChanges_; }
     MacroRecorder& macro() { return macro_; }
-    UserDialogs& dialogs() { return dialogs_; }
+    UserDialogs& userDialogs() { return userDialogs_; }
     Exporter& exporter() { return exporter_; }
-    Bookkeeping& memory() { return memory_; }
+    Bookkeeping& bookkeeping() { return bookkeeping_; }
     // Planned failures of SDK calls, for tests of what an add-on does when the host fails it.
     FaultPlan& faults() { return faults_; }
     FrameTrace& trace() { return trace_; }
     // Dialogs and controls (docs/ui-scripting.md); GuiUser acts on them as the user does.
-    GuiModel& gui() { return gui_; }
+    GuiModel& guiModel() { return guiModel_; }
 
     // What a picture of the active frame shows now: its view (the default view without frames),
     // lighting, axis, stream timing, solution time and, with zones, the zones shown at the current
@@ -83,7 +83,7 @@ private:
     CallLog callLog_;
     HostErrors errors_;
     FaultPlan faults_;
-    Bookkeeping memory_;
+    Bookkeeping bookkeeping_;
     StateNotifier stateChanges_;
     AddOnRegistry addOns_;
     LockState lock_;
@@ -96,9 +96,9 @@ private:
     ProgressStatus progress_;
     IdleQueue idleQueue_;
     MacroRecorder macro_;
-    UserDialogs dialogs_;
+    UserDialogs userDialogs_;
     Exporter exporter_;
-    GuiModel gui_;
+    GuiModel guiModel_;
 };
 
 }  // namespace vexhost

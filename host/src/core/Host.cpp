@@ -10,9 +10,9 @@ Host& Host::instance() {
 }
 
 Host::Host()
-    : memory_(faults_),
+    : bookkeeping_(faults_),
       stateChanges_(errors_),
-      addOns_(errors_, memory_),
+      addOns_(errors_, bookkeeping_),
       lock_(errors_, addOns_),
       frames_(errors_, stateChanges_),
       style_(*this),
@@ -22,7 +22,7 @@ Host::Host()
       drawing_(errors_, frames_, trace_, *scene_),
       progress_(errors_),
       idleQueue_(errors_),
-      dialogs_(errors_),
+      userDialogs_(errors_),
       exporter_(*this) {}
 
 Host::~Host() = default;
@@ -34,7 +34,7 @@ void Host::reset() {
     callLog_.reset();
     errors_.clear();
     faults_.reset();
-    memory_.reset();
+    bookkeeping_.reset();
     stateChanges_.reset();
     lock_.reset();
     addOns_.reset();
@@ -45,8 +45,8 @@ void Host::reset() {
     progress_.reset();
     idleQueue_.reset();
     macro_.reset();
-    dialogs_.reset();
-    gui_.reset();
+    userDialogs_.reset();
+    guiModel_.reset();
 }
 
 SceneState Host::scene(bool withZones) {
@@ -57,8 +57,8 @@ void Host::shutDown() {
     // A modal dialog still up holds its add-on's lock and waits for an OK or Cancel that can no
     // longer come: the host quits in the middle of the add-on's work, which is a mistake of
     // whoever drove the dialogs (a macro file that never closes the dialog).
-    for (int32_t id : gui_.modalDialogsUp())
-        errors_.record("Host::shutDown", "the modal dialog \"" + gui_.dialog(id)->title +
+    for (int32_t id : guiModel_.modalDialogsUp())
+        errors_.record("Host::shutDown", "the modal dialog \"" + guiModel_.dialog(id)->title +
                                              "\" is still up, holding its add-on's lock");
     stateChanges_.send(VexStateChange_QuitProgram);
 }

@@ -56,7 +56,7 @@ void SdkCall::appendHostArg(std::string& out, AddOnArg value) const {
 }
 
 void SdkCall::appendHostArg(std::string& out, FreedString value) const {
-    const bool live = value.value != nullptr && host_.memory().isString(value.value);
+    const bool live = value.value != nullptr && host_.bookkeeping().isString(value.value);
     text::appendQuoted(out, live ? value.value : nullptr);
 }
 

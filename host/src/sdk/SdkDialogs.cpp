@@ -12,7 +12,7 @@ void VexUtilDialogErrMsg(const char* message) {
         call.error("the message is missing");
         return;
     }
-    call.host().dialogs().showError(message);
+    call.host().userDialogs().showError(message);
 }
 
 bool VexUtilDialogMessageBox(const char* message, VexMessageBoxType_e boxType) {
@@ -25,7 +25,7 @@ bool VexUtilDialogMessageBox(const char* message, VexMessageBoxType_e boxType) {
         call.error("unknown message box type " + std::to_string(boxType));
         return false;
     }
-    return call.host().dialogs().showMessageBox(message, boxType);
+    return call.host().userDialogs().showMessageBox(message, boxType);
 }
 
 bool VexUtilMenuAddOption(const char* menuPath, const char* label, int32_t mnemonic,
@@ -48,11 +48,11 @@ bool VexUtilDialogGetFileName(VexSelectFileOption_e dialogOption, char** fileNam
         call.error("unknown file dialog mode " + std::to_string(dialogOption));
         return false;
     }
-    const std::optional<std::string> answer = call.host().dialogs().askFileName(
+    const std::optional<std::string> answer = call.host().userDialogs().askFileName(
         dialogOption, fileTypeName, defaultFileName, defaultFilter);
     if (!answer)
         return false;
-    *fileName = call.host().memory().copyString(*answer);
+    *fileName = call.host().bookkeeping().copyString(*answer);
     return *fileName != nullptr;
 }
 
@@ -62,6 +62,6 @@ bool VexUtilHelp(const char* helpPage) {
         call.error("the help page is missing");
         return false;
     }
-    call.host().dialogs().showHelp(helpPage);
+    call.host().userDialogs().showHelp(helpPage);
     return true;
 }

@@ -29,7 +29,7 @@ const GuiControl& UiTest::control(const std::string& title, const std::string& t
 }
 
 const GuiControl& UiTest::controlById(int32_t id) const {
-    const GuiControl* control = host().gui().control(id);
+    const GuiControl* control = host().guiModel().control(id);
     if (control == nullptr)
         throw std::logic_error("UiTest::controlById(): no control " + std::to_string(id));
     return *control;
@@ -86,7 +86,7 @@ int UiTest::lockDepth() const {
 }
 
 std::vector<std::string> UiTest::errorMessages() const {
-    return host().dialogs().errorMessages();
+    return host().userDialogs().errorMessages();
 }
 
 void MainDialogTest::SetUp() {
