@@ -177,7 +177,7 @@ bool Exporter::start() {
         addPicture();
     } catch (const std::exception& error) {
         abandonWriter();
-        host_.dialogs().showError(error.what());
+        host_.userDialogs().showError(error.what());
         log_.push_back("Export not started: the error shown says why.");
         return false;
     }
@@ -267,7 +267,7 @@ bool Exporter::takePicture() {
 void Exporter::writerFailed(const char* what, const std::exception& error) {
     // Told once, when it happens: the rest of the run goes on without a movie, and finishing says
     // that none was written.
-    host_.dialogs().showError(error.what());
+    host_.userDialogs().showError(error.what());
     log_.push_back(std::string("Export failed while ") + what + ": " + error.what());
     abandonWriter();
 }

@@ -606,7 +606,7 @@ VexGetValueReturnCode_e StyleStore::sdkGet(const VexArg_s* args, int32_t count) 
         default: {
             if (type != ValueType::String)
                 return VexGetValue_WrongType;
-            char* copy = host_.memory().copyString(*current.s);
+            char* copy = host_.bookkeeping().copyString(*current.s);
             if (copy == nullptr)
                 return VexGetValue_ContextError;
             *value.value.sp = copy;

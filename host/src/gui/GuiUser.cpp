@@ -100,7 +100,7 @@ std::vector<int32_t> matchingEntries(const std::vector<std::string>& texts,
 
 }  // namespace
 
-GuiUser::GuiUser(Host& host) : host_(host), model_(host.gui()) {}
+GuiUser::GuiUser(Host& host) : host_(host), model_(host.guiModel()) {}
 
 std::string GuiUser::plainText(std::string_view text) {
     std::string plain;

@@ -199,7 +199,7 @@ void MacroFileRunner::runCommand(const std::string& line) {
     // What the host saw go wrong while the line ran fails the line: nothing passes silently.
     for (const std::string& error : host_.errors().take())
         problems.push_back("Host error: " + error);
-    if (host_.lock().isHeld() && !host_.gui().isModalDialogUp())
+    if (host_.lock().isHeld() && !host_.guiModel().isModalDialogUp())
         problems.push_back("The host lock is still held after the line (depth " +
                            std::to_string(host_.lock().depth()) + ").");
     if (host_.drawing().isSuspended())
