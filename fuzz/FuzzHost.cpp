@@ -65,14 +65,14 @@ void FuzzHost::reset() {
 
 void FuzzHost::checkHost() const {
     vexhost::Host& host = vexhost::Host::instance();
-    expect(host.lock().depth() == 0 || host.gui().isModalDialogUp(),
+    expect(host.lock().depth() == 0 || host.guiModel().isModalDialogUp(),
            "the add-on's lock is still held");
     expect(!host.drawing().isSuspended(), "drawing is still suspended");
     expect(!host.progress().isOpen(), "a percent-done status is still open");
     expect(host.progress().startCount() == host.progress().finishCount(),
            "a percent-done status was never finished");
     expect(!host.exporter().isRecording(), "an export is still recording");
-    expect(host.memory().outstandingTotal() == 0, "host memory leaked");
+    expect(host.bookkeeping().outstandingTotal() == 0, "host memory leaked");
 }
 
 bool FuzzHost::staysInScratch(const std::string& input) {

@@ -73,8 +73,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
     fuzzHost.reset();
     vexhost::Host& host = vexhost::Host::instance();
     std::ostringstream dumps;
+    vexhost::GuiUser user(host);
     vexhost::MacroFileRunner runner(host);
-    vexhost::GuiScript::install(runner, host, dumps);
+    vexhost::GuiScript::install(runner, user, host.guiModel(), dumps);
     vexplot::app::SnapshotCommand::install(runner, host);
     runner.setKeepGoing(true);
     runner.setFailureSink([](const vexhost::MacroFileRunner::Failure& failure) {

@@ -52,9 +52,9 @@ bool BatchRun::setUp() {
     host_.exporter().setMovieWriterFactory(&vexhost::createMovieWriter);
     host_.macro().setRecording(!options_.recordPath.empty());
     for (bool answer : options_.answers)
-        host_.dialogs().queueAnswer(answer);
+        host_.userDialogs().queueAnswer(answer);
     for (const std::string& name : options_.fileNames)
-        host_.dialogs().queueFileName(name);
+        host_.userDialogs().queueFileName(name);
     if (options_.stopAt > 0)
         host_.progress().pressStopAt(options_.stopAt);
 
@@ -80,9 +80,10 @@ bool BatchRun::setUp() {
 }
 
 bool BatchRun::runMacroFiles() {
+    vexhost::GuiUser user(host_);
     vexhost::MacroFileRunner runner(host_);
     // $!UI DUMP is what a run prints on stdout.
-    vexhost::GuiScript::install(runner, host_, std::cout);
+    vexhost::GuiScript::install(runner, user, host_.guiModel(), std::cout);
     SnapshotCommand::install(runner, host_);
     runner.setKeepGoing(options_.keepGoing);
     runner.setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {

@@ -7,13 +7,13 @@ using vexhost::ProgressStatus;
 using vexhost::UserDialogs;
 
 ConsoleReporter::ConsoleReporter(vexhost::Host& host, std::ostream& out) : host_(host), out_(out) {
-    host_.dialogs().setSink(
+    host_.userDialogs().setSink(
         [this](UserDialogs::Kind kind, const std::string& text) { showDialog(kind, text); });
     host_.progress().setSink([this](const ProgressStatus::Event& event) { showProgress(event); });
 }
 
 ConsoleReporter::~ConsoleReporter() {
-    host_.dialogs().setSink(nullptr);
+    host_.userDialogs().setSink(nullptr);
     host_.progress().setSink(nullptr);
 }
 
@@ -34,7 +34,7 @@ void ConsoleReporter::showProblem(const std::string& text) {
 void ConsoleReporter::showDialog(UserDialogs::Kind kind, const std::string& text) {
     if (kind == UserDialogs::Kind::QuestionBox || kind == UserDialogs::Kind::YesNoBox) {
         // The box was recorded before the sink heard of it, with the answer it got.
-        const bool answer = host_.dialogs().messageBoxes().back().answer;
+        const bool answer = host_.userDialogs().messageBoxes().back().answer;
         const char* word = kind == UserDialogs::Kind::YesNoBox ? (answer ? "Yes" : "No")
                                                                : (answer ? "OK" : "Cancel");
         out_ << text << "\n(answered " << word << ")" << std::endl;

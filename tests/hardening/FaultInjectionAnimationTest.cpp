@@ -99,7 +99,7 @@ TEST_F(FaultInjectionAnimationTest, AnimateAllToFileFromTheDialogSurvivesEveryHo
              scene::transientScene();
              scene::openMainDialog();
              scene::giveDialog(scene::smallFlight(), scene::everyStage(Destination_e::ToFile));
-             vexhost::Host::instance().dialogs().queueFileName(movie);
+             vexhost::Host::instance().userDialogs().queueFileName(movie);
              // The export options and the run are recorded too.
              vexhost::Host::instance().macro().setRecording(true);
          },

@@ -190,7 +190,7 @@ TEST_F(FaultInjectionSettingsFileTest, OpeningFromTheFileMenuSurvivesEveryHostFa
     expectSurvivesEveryFault({"File > Open (dialog)",
                               [input] {
                                   dialogState(true);
-                                  vexhost::Host::instance().dialogs().queueFileName(input);
+                                  vexhost::Host::instance().userDialogs().queueFileName(input);
                               },
                               [](FaultOutcome&) {
                                   scene::chooseMenu({"&File", "&Open Animation File..."});
@@ -204,7 +204,7 @@ TEST_F(FaultInjectionSettingsFileTest, SavingFromTheFileMenuSurvivesEveryHostFau
                               [output] {
                                   std::filesystem::remove(output);
                                   dialogState(true);
-                                  vexhost::Host::instance().dialogs().queueFileName(output);
+                                  vexhost::Host::instance().userDialogs().queueFileName(output);
                               },
                               [](FaultOutcome&) {
                                   scene::chooseMenu({"&File", "Save Animation File &As..."});

@@ -180,7 +180,7 @@ FaultOutcome FaultInjector::runOnce(const FaultScenario& scenario, uint64_t fail
     DialogMain& dialog = DialogMain::instance();
     outcome.keyFramesBefore = dialog.getKeyFrameModel().getItems();
     outcome.settingsBefore = dialog.getSettings();
-    const std::size_t errorsBefore = host.dialogs().errorMessages().size();
+    const std::size_t errorsBefore = host.userDialogs().errorMessages().size();
     const uint64_t drawnBefore = host.drawing().drawnFrames();
     const vexhost::Exporter::Counts exportsBefore = host.exporter().counts();
 
@@ -201,7 +201,7 @@ FaultOutcome FaultInjector::runOnce(const FaultScenario& scenario, uint64_t fail
 
     // A modal dialog the action left up is cancelled, front one first, as the user would.
     vexhost::GuiUser user(host);
-    std::vector<int32_t> modal = host.gui().modalDialogsUp();
+    std::vector<int32_t> modal = host.guiModel().modalDialogsUp();
     for (auto it = modal.rbegin(); it != modal.rend(); ++it) {
         try {
             user.pressDialogButton(*it, vexhost::GuiUser::DialogButton::Cancel);
@@ -211,7 +211,7 @@ FaultOutcome FaultInjector::runOnce(const FaultScenario& scenario, uint64_t fail
     }
     host.idleQueue().runUntilEmpty();
 
-    const std::vector<std::string>& errors = host.dialogs().errorMessages();
+    const std::vector<std::string>& errors = host.userDialogs().errorMessages();
     outcome.errorDialogs.assign(errors.begin() + static_cast<std::ptrdiff_t>(errorsBefore),
                                 errors.end());
     outcome.keyFramesAfter = dialog.getKeyFrameModel().getItems();
@@ -325,8 +325,8 @@ std::vector<std::string> FaultInjector::brokenRules(const FaultScenario& scenari
     if (outcome.finishedExports > 0 && outcome.exportedFrames != recorded.exportedFrames)
         rules.push_back("a partial movie was finished: " + std::to_string(outcome.exportedFrames) +
                         " of " + std::to_string(recorded.exportedFrames) + " frames");
-    if (host.memory().outstandingTotal() != 0)
-        rules.push_back(std::to_string(host.memory().outstandingTotal()) +
+    if (host.bookkeeping().outstandingTotal() != 0)
+        rules.push_back(std::to_string(host.bookkeeping().outstandingTotal()) +
                         " host strings, arrays, sets or lists leaked");
 
     // What the user is told: the fault's own message, in the add-on's words, and nothing else
@@ -371,7 +371,7 @@ std::vector<std::string> FaultInjector::brokenRules(const FaultScenario& scenari
     if (dialog.isCreated()) {
         DialogMain& mutableDialog = const_cast<DialogMain&>(dialog);
         const vexhost::GuiControl* list =
-            host.gui().control(mutableDialog.getControls().keyFrameList);
+            host.guiModel().control(mutableDialog.getControls().keyFrameList);
         const auto& keyFrames = outcome.keyFramesAfter;
         std::vector<std::string> lines;
         for (const auto& keyFrame : keyFrames)
@@ -380,9 +380,10 @@ std::vector<std::string> FaultInjector::brokenRules(const FaultScenario& scenari
             lines.push_back(mutableDialog.getKeyFrameModel().getEmptyListText());
         if (list == nullptr || list->items != lines)
             rules.push_back("the list control does not show the list");
-        const vexhost::GuiControl* clear = host.gui().control(mutableDialog.getControls().clear);
+        const vexhost::GuiControl* clear =
+            host.guiModel().control(mutableDialog.getControls().clear);
         const vexhost::GuiControl* animateAll =
-            host.gui().control(mutableDialog.getControls().animateAll);
+            host.guiModel().control(mutableDialog.getControls().animateAll);
         if (clear == nullptr || clear->sensitive != !keyFrames.empty() || animateAll == nullptr ||
             animateAll->sensitive != (keyFrames.size() > 1))
             rules.push_back("Clear and Animate All are not sensitive as the list says");

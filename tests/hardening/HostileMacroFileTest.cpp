@@ -90,8 +90,9 @@ TEST_F(HostileMacroFileTest, EveryMalformedLineFailsAloneWithItsMessageAndChange
         DialogMain::instance().getKeyFrameModel().getItems();
     const AnimationSettings_s settingsBefore = DialogMain::instance().getSettings();
     std::ostringstream dumps;
+    vexhost::GuiUser user(host);
     vexhost::MacroFileRunner runner(host);
-    vexhost::GuiScript::install(runner, host, dumps);
+    vexhost::GuiScript::install(runner, user, host.guiModel(), dumps);
     runner.setKeepGoing(true);
     std::vector<vexhost::MacroFileRunner::Failure> failures;
     runner.setFailureSink([&failures](const vexhost::MacroFileRunner::Failure& failure) {

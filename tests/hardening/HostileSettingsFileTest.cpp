@@ -116,9 +116,10 @@ TEST_F(HostileSettingsFileTest, ADirectoryChosenInTheFileMenuIsRefusedWithAMessa
     const std::string folder = directory.file("folder.keyframe");
     std::filesystem::create_directory(folder);
     scene::openMainDialog();
-    vexhost::Host::instance().dialogs().queueFileName(folder);
+    vexhost::Host::instance().userDialogs().queueFileName(folder);
     scene::chooseMenu({"&File", "&Open Animation File..."});
-    const std::vector<std::string>& errors = vexhost::Host::instance().dialogs().errorMessages();
+    const std::vector<std::string>& errors =
+        vexhost::Host::instance().userDialogs().errorMessages();
     ASSERT_FALSE(errors.empty());
     EXPECT_EQ("Unable to open file for reading.", errors.back());
     EXPECT_EQ(keyFramesBefore, dialog().getKeyFrameModel().getItems());
@@ -130,11 +131,11 @@ TEST_F(HostileSettingsFileTest, SavingOverADirectoryFromTheFileMenuIsRefusedWith
     std::filesystem::create_directory(folder);
     scene::openMainDialog();
     vexhost::Host& host = vexhost::Host::instance();
-    host.dialogs().queueFileName(folder);
-    host.dialogs().queueAnswer(true);  // "The file: ... exists." Overwrite it: yes.
+    host.userDialogs().queueFileName(folder);
+    host.userDialogs().queueAnswer(true);  // "The file: ... exists." Overwrite it: yes.
     scene::chooseMenu({"&File", "Save Animation File &As..."});
-    ASSERT_FALSE(host.dialogs().errorMessages().empty());
-    EXPECT_EQ("Unable to open file for writing.", host.dialogs().errorMessages().back());
+    ASSERT_FALSE(host.userDialogs().errorMessages().empty());
+    EXPECT_EQ("Unable to open file for writing.", host.userDialogs().errorMessages().back());
     EXPECT_TRUE(std::filesystem::is_directory(folder));
     EXPECT_EQ(keyFramesBefore, dialog().getKeyFrameModel().getItems());
 }

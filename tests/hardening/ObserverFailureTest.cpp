@@ -34,10 +34,10 @@ protected:
 
     static DialogMain& dialog() { return DialogMain::instance(); }
     static const vexhost::GuiControl& control(int32_t id) {
-        return *vexhost::Host::instance().gui().control(id);
+        return *vexhost::Host::instance().guiModel().control(id);
     }
     std::vector<std::string> errors() const {
-        return vexhost::Host::instance().dialogs().errorMessages();
+        return vexhost::Host::instance().userDialogs().errorMessages();
     }
 
     FailingListObserver failing{"The observer failed."};

@@ -25,9 +25,10 @@ void HostTest::TearDown() {
         << "the percent-done status \"" << h.progress().text() << "\" is still open";
     EXPECT_FALSE(h.exporter().isRecording()) << "an export is still recording";
     // A modal dialog left up holds the add-on's lock and takes every other dialog's input.
-    for (int32_t id : h.gui().modalDialogsUp())
-        ADD_FAILURE() << "the modal dialog \"" << h.gui().dialog(id)->title << "\" is still up";
-    const Bookkeeping& memory = h.memory();
+    for (int32_t id : h.guiModel().modalDialogsUp())
+        ADD_FAILURE() << "the modal dialog \"" << h.guiModel().dialog(id)->title
+                      << "\" is still up";
+    const Bookkeeping& memory = h.bookkeeping();
     EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::String), 0u) << "host strings leaked";
     EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::Array), 0u) << "host arrays leaked";
     EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::Set), 0u) << "host sets leaked";

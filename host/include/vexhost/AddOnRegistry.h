@@ -17,7 +17,8 @@
 
 namespace vexhost {
 
-class Host;
+class Bookkeeping;
+class HostErrors;
 
 class AddOnRegistry {
 public:
@@ -43,7 +44,8 @@ public:
         std::string error;
     };
 
-    explicit AddOnRegistry(Host& host) : host_(host) {}
+    AddOnRegistry(HostErrors& errors, Bookkeeping& bookkeeping)
+        : errors_(errors), bookkeeping_(bookkeeping) {}
     AddOnRegistry(const AddOnRegistry&) = delete;
     AddOnRegistry& operator=(const AddOnRegistry&) = delete;
 
@@ -79,7 +81,8 @@ public:
     void reset();
 
 private:
-    Host& host_;
+    HostErrors& errors_;
+    Bookkeeping& bookkeeping_;
     std::vector<std::unique_ptr<AddOn>> addOns_;  // a handle is the address of its record
     std::vector<MenuOption> menuOptions_;
     std::vector<MacroCallback> macroCallbacks_;

@@ -17,11 +17,11 @@
 
 namespace vexhost {
 
-class Host;
+class StateNotifier;
 
 class DataSet {
 public:
-    explicit DataSet(Host& host) : host_(host) {}
+    explicit DataSet(StateNotifier& stateChanges) : stateChanges_(stateChanges) {}
     DataSet(const DataSet&) = delete;
     DataSet& operator=(const DataSet&) = delete;
 
@@ -66,7 +66,7 @@ public:
 private:
     void changed();
 
-    Host& host_;
+    StateNotifier& stateChanges_;
     std::vector<Zone> zones_;
     std::vector<std::shared_ptr<const Streamtrace>> streamtraces_;
     double solutionTime_ = 0;

@@ -26,11 +26,15 @@
 
 namespace vexhost {
 
-class Host;
+class FrameStack;
+class FrameTrace;
+class HostErrors;
+class SceneSource;
 
 class Drawing {
 public:
-    explicit Drawing(Host& host);
+    Drawing(HostErrors& errors, const FrameStack& frames, FrameTrace& trace,
+            const SceneSource& sceneSource);
     ~Drawing();
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
@@ -68,7 +72,10 @@ public:
 private:
     Image render(const SceneState& scene, int width, int height, int supersample);
 
-    Host& host_;
+    HostErrors& errors_;
+    const FrameStack& frames_;
+    FrameTrace& trace_;
+    const SceneSource& sceneSource_;
     int suspendDepth_ = 0;
     uint64_t drawnFrames_ = 0;
     uint64_t skippedRedraws_ = 0;

@@ -20,7 +20,8 @@
 
 namespace vexhost {
 
-class Host;
+class HostErrors;
+class StateNotifier;
 
 class FrameStack {
 public:
@@ -28,7 +29,8 @@ public:
     static constexpr int DefaultWorkAreaHeight = 768;
     static constexpr double PixelsPerInch = 100;
 
-    explicit FrameStack(Host& host) : host_(host) {}
+    FrameStack(HostErrors& errors, StateNotifier& stateChanges)
+        : errors_(errors), stateChanges_(stateChanges) {}
     FrameStack(const FrameStack&) = delete;
     FrameStack& operator=(const FrameStack&) = delete;
 
@@ -70,7 +72,8 @@ public:
     void reset();
 
 private:
-    Host& host_;
+    HostErrors& errors_;
+    StateNotifier& stateChanges_;
     std::vector<std::unique_ptr<Frame>> frames_;  // [0] is the top
     VexUniqueID_t nextId_ = 1;
     bool popping_ = false;

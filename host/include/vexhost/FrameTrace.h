@@ -16,11 +16,11 @@
 
 namespace vexhost {
 
-class Host;
+class SceneSource;
 
 class FrameTrace {
 public:
-    explicit FrameTrace(Host& host) : host_(host) {}
+    explicit FrameTrace(const SceneSource& sceneSource) : sceneSource_(sceneSource) {}
     ~FrameTrace() { close(); }
     FrameTrace(const FrameTrace&) = delete;
     FrameTrace& operator=(const FrameTrace&) = delete;
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    Host& host_;
+    const SceneSource& sceneSource_;
     std::FILE* file_ = nullptr;  // owned while open
     uint64_t lines_ = 0;
 };

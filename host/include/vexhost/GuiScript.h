@@ -20,15 +20,17 @@
 
 namespace vexhost {
 
-class Host;
+class GuiModel;
 class MacroFileRunner;
 
 class GuiScript {
 public:
-    // Adds $!UI to the macro player, with dumps written to `out` (which must outlive it).
-    static void install(MacroFileRunner& runner, Host& host, std::ostream& out);
+    // Adds $!UI to the macro player: the user acts on the dialogs, dumps of the model go to `out`
+    // (all three must outlive the player).
+    static void install(MacroFileRunner& runner, GuiUser& user, const GuiModel& model,
+                        std::ostream& out);
 
-    GuiScript(Host& host, std::ostream& out);
+    GuiScript(GuiUser& user, const GuiModel& model, std::ostream& out);
     GuiScript(const GuiScript&) = delete;
     GuiScript& operator=(const GuiScript&) = delete;
 
@@ -60,9 +62,9 @@ private:
                       GuiUser::DialogButton button);
     void dump(const std::vector<Word>& words);
 
-    Host& host_;
-    GuiUser user_;
-    std::ostream& out_;  // not owned
+    GuiUser& user_;
+    const GuiModel& model_;
+    std::ostream& out_;
 };
 
 }  // namespace vexhost

@@ -10,6 +10,8 @@
 #ifndef VEXHOST_HOST_H
 #define VEXHOST_HOST_H
 
+#include <memory>
+
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/CallLog.h"
@@ -32,6 +34,8 @@
 
 namespace vexhost {
 
+class ActiveFrameScene;
+
 class Host {
 public:
     static Host& instance();
@@ -50,14 +54,14 @@ public:
     IdleQueue& idleQueue() { return idleQueue_; }
     StateNotifier& stateChanges() { return stateChanges_; }
     MacroRecorder& macro() { return macro_; }
-    UserDialogs& dialogs() { return dialogs_; }
+    UserDialogs& userDialogs() { return userDialogs_; }
     Exporter& exporter() { return exporter_; }
-    Bookkeeping& memory() { return memory_; }
+    Bookkeeping& bookkeeping() { return bookkeeping_; }
     // Planned failures of SDK calls, for tests of what an add-on does when the host fails it.
     FaultPlan& faults() { return faults_; }
     FrameTrace& trace() { return trace_; }
     // Dialogs and controls (docs/ui-scripting.md); GuiUser acts on them as the user does.
-    GuiModel& gui() { return gui_; }
+    GuiModel& guiModel() { return guiModel_; }
 
     // What a picture of the active frame shows now: its view (the default view without frames),
     // lighting, axis, stream timing, solution time and, with zones, the zones shown at the current
@@ -75,24 +79,26 @@ private:
     Host();
     ~Host();
 
+    // Each part is built after the parts it takes.
     CallLog callLog_;
     HostErrors errors_;
-    FaultPlan faults_;  // before memory_, which consults it
-    Bookkeeping memory_;
+    FaultPlan faults_;
+    Bookkeeping bookkeeping_;
     StateNotifier stateChanges_;
-    LockState lock_;
     AddOnRegistry addOns_;
+    LockState lock_;
     FrameStack frames_;
     StyleStore style_;
     DataSet dataSet_;
+    std::unique_ptr<ActiveFrameScene> scene_;
+    FrameTrace trace_;
     Drawing drawing_;
     ProgressStatus progress_;
     IdleQueue idleQueue_;
     MacroRecorder macro_;
-    UserDialogs dialogs_;
-    FrameTrace trace_;
+    UserDialogs userDialogs_;
     Exporter exporter_;
-    GuiModel gui_;
+    GuiModel guiModel_;
 };
 
 }  // namespace vexhost

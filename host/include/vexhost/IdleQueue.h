@@ -10,7 +10,7 @@
 
 namespace vexhost {
 
-class Host;
+class HostErrors;
 
 class IdleQueue {
 public:
@@ -18,7 +18,7 @@ public:
     // add-on that requeues itself forever cannot hang the host.
     static constexpr std::size_t MaxCallbacksPerRun = 100000;
 
-    explicit IdleQueue(Host& host) : host_(host) {}
+    explicit IdleQueue(HostErrors& errors) : errors_(errors) {}
     IdleQueue(const IdleQueue&) = delete;
     IdleQueue& operator=(const IdleQueue&) = delete;
 
@@ -38,7 +38,7 @@ private:
         void* clientData;
     };
 
-    Host& host_;
+    HostErrors& errors_;
     std::deque<Item> queue_;
 };
 

@@ -12,11 +12,12 @@
 
 namespace vexhost {
 
-class Host;
+class AddOnRegistry;
+class HostErrors;
 
 class LockState {
 public:
-    explicit LockState(Host& host) : host_(host) {}
+    LockState(HostErrors& errors, const AddOnRegistry& addOns) : errors_(errors), addOns_(addOns) {}
     LockState(const LockState&) = delete;
     LockState& operator=(const LockState&) = delete;
 
@@ -41,7 +42,8 @@ private:
     void finish(const char* function, const Owner& owner);
     std::string describe(const Owner& owner) const;
 
-    Host& host_;
+    HostErrors& errors_;
+    const AddOnRegistry& addOns_;
     std::vector<Owner> owners_;
 };
 

@@ -16,7 +16,7 @@
 
 namespace vexhost {
 
-class Host;
+class HostErrors;
 
 class ProgressStatus {
 public:
@@ -28,7 +28,7 @@ public:
     };
     using Sink = std::function<void(const Event&)>;
 
-    explicit ProgressStatus(Host& host) : host_(host) {}
+    explicit ProgressStatus(HostErrors& errors) : errors_(errors) {}
     ProgressStatus(const ProgressStatus&) = delete;
     ProgressStatus& operator=(const ProgressStatus&) = delete;
 
@@ -63,7 +63,7 @@ public:
 private:
     void emit(EventKind kind, int32_t percent);
 
-    Host& host_;
+    HostErrors& errors_;
     bool open_ = false;
     std::string text_;
     bool showStopButton_ = false;

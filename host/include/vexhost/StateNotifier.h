@@ -15,11 +15,11 @@
 
 namespace vexhost {
 
-class Host;
+class HostErrors;
 
 class StateNotifier {
 public:
-    explicit StateNotifier(Host& host) : host_(host) {}
+    explicit StateNotifier(HostErrors& errors) : errors_(errors) {}
     StateNotifier(const StateNotifier&) = delete;
     StateNotifier& operator=(const StateNotifier&) = delete;
 
@@ -47,7 +47,7 @@ private:
     };
     void compact();
 
-    Host& host_;
+    HostErrors& errors_;
     std::vector<Listener> listeners_;
     std::size_t liveCount_ = 0;
     int sendDepth_ = 0;

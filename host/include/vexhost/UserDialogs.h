@@ -19,7 +19,7 @@
 
 namespace vexhost {
 
-class Host;
+class HostErrors;
 
 class UserDialogs {
 public:
@@ -38,7 +38,7 @@ public:
     };
     using Sink = std::function<void(Kind kind, const std::string& text)>;
 
-    explicit UserDialogs(Host& host) : host_(host) {}
+    explicit UserDialogs(HostErrors& errors) : errors_(errors) {}
     UserDialogs(const UserDialogs&) = delete;
     UserDialogs& operator=(const UserDialogs&) = delete;
 
@@ -69,7 +69,7 @@ public:
     void reset();
 
 private:
-    Host& host_;
+    HostErrors& errors_;
     std::deque<bool> answers_;
     std::deque<std::optional<std::string>> fileNames_;
     std::vector<std::string> errorMessages_;

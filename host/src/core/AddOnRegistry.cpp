@@ -3,7 +3,8 @@
 #include <stdexcept>
 
 #include "core/Text.h"
-#include "vexhost/Host.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/HostErrors.h"
 
 namespace vexhost {
 
@@ -27,7 +28,7 @@ std::string withoutMnemonicMarkers(const std::string& label) {
 VexAddOn_pa AddOnRegistry::registerAddOn(int32_t sdkVersion, const char* name,
                                          const char* versionText, const char* author) {
     if (name == nullptr || *name == '\0') {
-        host_.errors().record("VexUtilAddOnRegister", "the add-on name is missing");
+        errors_.record("VexUtilAddOnRegister", "the add-on name is missing");
         return nullptr;
     }
     auto addOn = std::make_unique<AddOn>();
@@ -51,8 +52,8 @@ const AddOnRegistry::AddOn* AddOnRegistry::find(VexAddOn_pa handle) const {
 bool AddOnRegistry::addMenuOption(const char* menuPath, const char* label, int32_t mnemonic,
                                   VexMenuCallback_pf callback) {
     if (menuPath == nullptr || label == nullptr || callback == nullptr) {
-        host_.errors().record("VexUtilMenuAddOption",
-                              "the menu path, label and callback must all be given");
+        errors_.record("VexUtilMenuAddOption",
+                       "the menu path, label and callback must all be given");
         return false;
     }
     menuOptions_.push_back({menuPath, label, mnemonic, callback});
@@ -61,15 +62,15 @@ bool AddOnRegistry::addMenuOption(const char* menuPath, const char* label, int32
 
 bool AddOnRegistry::addMacroCallback(const char* addOnName, VexMacroCommandCallback_pf callback) {
     if (addOnName == nullptr || callback == nullptr) {
-        host_.errors().record("VexUtilMacroAddCommandCallback",
-                              "the add-on name and the callback must both be given");
+        errors_.record("VexUtilMacroAddCommandCallback",
+                       "the add-on name and the callback must both be given");
         return false;
     }
     if (hasMacroCallback(addOnName)) {
         std::string quoted;
         text::appendQuoted(quoted, addOnName);
-        host_.errors().record("VexUtilMacroAddCommandCallback",
-                              "the add-on " + quoted + " already has a macro command callback");
+        errors_.record("VexUtilMacroAddCommandCallback",
+                       "the add-on " + quoted + " already has a macro command callback");
         return false;
     }
     macroCallbacks_.push_back({addOnName, callback});
@@ -141,10 +142,10 @@ AddOnRegistry::CommandResult AddOnRegistry::runMacroCommand(const std::string& a
     result.ok = callback(commandString.c_str(), &errMsg);
     if (errMsg != nullptr) {
         result.error = errMsg;
-        if (!host_.memory().freeString(errMsg))
-            host_.errors().record("VexMacroCommandCallback",
-                                  "the error message returned by the add-on " + addOnName +
-                                      " is not a host string (VexUtilStringAlloc)");
+        if (!bookkeeping_.freeString(errMsg))
+            errors_.record("VexMacroCommandCallback",
+                           "the error message returned by the add-on " + addOnName +
+                               " is not a host string (VexUtilStringAlloc)");
     }
     return result;
 }

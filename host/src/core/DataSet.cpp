@@ -6,14 +6,14 @@
 #include <stdexcept>
 #include <string>
 
-#include "vexhost/Host.h"
+#include "vexhost/StateNotifier.h"
 
 namespace vexhost {
 
 int32_t DataSet::addZone(Zone zone) {
     zones_.push_back(std::move(zone));
     changed();
-    host_.stateChanges().send(VexStateChange_ZonesAdded);
+    stateChanges_.send(VexStateChange_ZonesAdded);
     return zoneCount();
 }
 
@@ -23,7 +23,7 @@ void DataSet::addZones(std::vector<Zone> zones) {
     for (Zone& zone : zones)
         zones_.push_back(std::move(zone));
     changed();
-    host_.stateChanges().send(VexStateChange_ZonesAdded);
+    stateChanges_.send(VexStateChange_ZonesAdded);
 }
 
 void DataSet::addStreamtrace(std::shared_ptr<const Streamtrace> streamtrace) {
@@ -35,7 +35,7 @@ void DataSet::addStreamtrace(std::shared_ptr<const Streamtrace> streamtrace) {
 
 void DataSet::clear() {
     reset();
-    host_.stateChanges().send(VexStateChange_DataSetReset);
+    stateChanges_.send(VexStateChange_DataSetReset);
 }
 
 const Zone& DataSet::zone(int32_t number) const {

@@ -6,11 +6,20 @@
 #include <string>
 
 #include "core/NullRenderer.h"
-#include "vexhost/Host.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/FrameTrace.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/SceneSource.h"
 
 namespace vexhost {
 
-Drawing::Drawing(Host& host) : host_(host), renderer_(std::make_unique<NullRenderer>()) {}
+Drawing::Drawing(HostErrors& errors, const FrameStack& frames, FrameTrace& trace,
+                 const SceneSource& sceneSource)
+    : errors_(errors),
+      frames_(frames),
+      trace_(trace),
+      sceneSource_(sceneSource),
+      renderer_(std::make_unique<NullRenderer>()) {}
 
 Drawing::~Drawing() = default;
 
@@ -25,7 +34,7 @@ Image Drawing::render(const SceneState& scene, int width, int height, int supers
 }
 
 Image Drawing::picture(int width, int height, int supersample) {
-    return render(host_.scene(), width, height, supersample);
+    return render(sceneSource_.scene(true), width, height, supersample);
 }
 
 const Image& Drawing::lastPicture() {
@@ -39,8 +48,7 @@ const Image& Drawing::lastPicture() {
             // Nothing may escape into the add-on through the C interface, and the picture is asked
             // for on its behalf.
             lastPicture_ = Image();
-            host_.errors().record("VexUtilRedraw",
-                                  std::string("the renderer failed: ") + error.what());
+            errors_.record("VexUtilRedraw", std::string("the renderer failed: ") + error.what());
         }
     }
     return lastPicture_;
@@ -63,15 +71,15 @@ bool Drawing::resume() {
 }
 
 bool Drawing::redraw() {
-    const Frame* frame = host_.frames().active();
+    const Frame* frame = frames_.active();
     if (isSuspended() || frame == nullptr) {
         ++skippedRedraws_;
         return false;
     }
     ++drawnFrames_;
-    host_.trace().writeEvent("redraw");
+    trace_.writeEvent("redraw");
     const std::pair<int, int> size = pixelSize(*frame);
-    pending_ = PendingRedraw{host_.scene(), size.first, size.second};
+    pending_ = PendingRedraw{sceneSource_.scene(true), size.first, size.second};
     return true;
 }
 

@@ -4,7 +4,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/StateNotifier.h"
 
 namespace vexhost {
 
@@ -14,7 +15,7 @@ Frame& FrameStack::create(VexPlotType_e plotType) {
     if (popping_)
         ++popPosition_;
     Frame& frame = *frames_.front();
-    host_.stateChanges().send(VexStateChange_FrameCreated);
+    stateChanges_.send(VexStateChange_FrameCreated);
     return frame;
 }
 
@@ -27,7 +28,7 @@ bool FrameStack::remove(VexUniqueID_t uniqueId) {
     frames_.erase(it);
     if (popping_ && position < popPosition_)
         --popPosition_;
-    host_.stateChanges().send(VexStateChange_FrameDeleted);
+    stateChanges_.send(VexStateChange_FrameDeleted);
     return true;
 }
 
@@ -41,7 +42,7 @@ bool FrameStack::setPlotType(VexUniqueID_t uniqueId, VexPlotType_e plotType) {
     if (frame == nullptr)
         return false;
     frame->plotType_ = plotType;
-    host_.stateChanges().send(VexStateChange_PlotType);
+    stateChanges_.send(VexStateChange_PlotType);
     return true;
 }
 
@@ -80,7 +81,7 @@ void FrameStack::setWorkArea(int width, int height) {
 
 bool FrameStack::activateTop() {
     if (frames_.empty()) {
-        host_.errors().record("VexUtilFrameActivateTop", "there is no frame");
+        errors_.record("VexUtilFrameActivateTop", "there is no frame");
         return false;
     }
     // The top frame is always the active one.
@@ -89,13 +90,13 @@ bool FrameStack::activateTop() {
 
 bool FrameStack::pushTop() {
     if (frames_.empty()) {
-        host_.errors().record("VexUtilFramePushTop", "there is no frame");
+        errors_.record("VexUtilFramePushTop", "there is no frame");
         return false;
     }
     if (frames_.size() == 1)
         return true;
     std::rotate(frames_.begin(), frames_.begin() + 1, frames_.end());
-    host_.stateChanges().send(VexStateChange_NewTopFrame);
+    stateChanges_.send(VexStateChange_NewTopFrame);
     return true;
 }
 
@@ -103,21 +104,21 @@ bool FrameStack::activateByUniqueId(VexUniqueID_t uniqueId) {
     const auto it = std::find_if(frames_.begin(), frames_.end(),
                                  [&](const auto& frame) { return frame->uniqueId() == uniqueId; });
     if (it == frames_.end()) {
-        host_.errors().record("VexUtilFrameActivateByUniqueID",
-                              "no frame has the unique id " + std::to_string(uniqueId));
+        errors_.record("VexUtilFrameActivateByUniqueID",
+                       "no frame has the unique id " + std::to_string(uniqueId));
         return false;
     }
     if (it == frames_.begin())
         return true;
     std::rotate(frames_.begin(), it, it + 1);
-    host_.stateChanges().send(VexStateChange_NewTopFrame);
+    stateChanges_.send(VexStateChange_NewTopFrame);
     return true;
 }
 
 bool FrameStack::lightweightPopStart() {
     if (popping_)
-        host_.errors().record("VexUtilFrameLightweightPopStart",
-                              "lightweight popping is already under way");
+        errors_.record("VexUtilFrameLightweightPopStart",
+                       "lightweight popping is already under way");
     popping_ = true;
     popPosition_ = 0;
     return !frames_.empty();
@@ -125,8 +126,8 @@ bool FrameStack::lightweightPopStart() {
 
 bool FrameStack::lightweightPopNext() {
     if (!popping_) {
-        host_.errors().record("VexUtilFrameLightweightPopNext",
-                              "no VexUtilFrameLightweightPopStart before it");
+        errors_.record("VexUtilFrameLightweightPopNext",
+                       "no VexUtilFrameLightweightPopStart before it");
         return false;
     }
     if (popPosition_ < frames_.size())
@@ -136,8 +137,8 @@ bool FrameStack::lightweightPopNext() {
 
 void FrameStack::lightweightPopEnd() {
     if (!popping_)
-        host_.errors().record("VexUtilFrameLightweightPopEnd",
-                              "no VexUtilFrameLightweightPopStart before it");
+        errors_.record("VexUtilFrameLightweightPopEnd",
+                       "no VexUtilFrameLightweightPopStart before it");
     popping_ = false;
     popPosition_ = 0;
 }

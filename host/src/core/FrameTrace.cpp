@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "core/Text.h"
-#include "vexhost/Host.h"
+#include "vexhost/SceneSource.h"
 
 namespace vexhost {
 
@@ -27,7 +27,7 @@ void FrameTrace::close() {
 void FrameTrace::writeEvent(const char* event) {
     if (file_ == nullptr)
         return;
-    std::string line = formatLine(event, host_.scene(false));
+    std::string line = formatLine(event, sceneSource_.scene(false));
     line += '\n';
     std::fwrite(line.data(), 1, line.size(), file_);
     // Flushed per line, so a run that crashes still leaves every frame it drew.

@@ -1,12 +1,12 @@
 #include "vexhost/IdleQueue.h"
 
-#include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
 
 namespace vexhost {
 
 bool IdleQueue::add(VexOnIdleCallback_pf callback, void* clientData) {
     if (callback == nullptr) {
-        host_.errors().record("VexUtilOnIdleQueueAddCallback", "the callback is missing");
+        errors_.record("VexUtilOnIdleQueueAddCallback", "the callback is missing");
         return false;
     }
     queue_.push_back({callback, clientData});
@@ -17,11 +17,11 @@ std::size_t IdleQueue::runUntilEmpty() {
     std::size_t ran = 0;
     while (!queue_.empty()) {
         if (ran == MaxCallbacksPerRun) {
-            host_.errors().record("VexUtilOnIdleQueueAddCallback",
-                                  "the idle queue was still not empty after " +
-                                      std::to_string(MaxCallbacksPerRun) +
-                                      " callbacks in one run; " + std::to_string(queue_.size()) +
-                                      " dropped (a callback keeps queueing itself)");
+            errors_.record("VexUtilOnIdleQueueAddCallback",
+                           "the idle queue was still not empty after " +
+                               std::to_string(MaxCallbacksPerRun) + " callbacks in one run; " +
+                               std::to_string(queue_.size()) +
+                               " dropped (a callback keeps queueing itself)");
             queue_.clear();
             break;
         }

@@ -1,13 +1,13 @@
 #include "vexhost/ProgressStatus.h"
 
-#include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
 
 namespace vexhost {
 
 void ProgressStatus::start(const char* text, bool showStopButton, bool showProgressBar) {
     if (open_)
-        host_.errors().record("VexUtilStatusStartPercentDone",
-                              "a percent-done status (\"" + text_ + "\") is already open");
+        errors_.record("VexUtilStatusStartPercentDone",
+                       "a percent-done status (\"" + text_ + "\") is already open");
     open_ = true;
     text_ = text;
     showStopButton_ = showStopButton;
@@ -20,7 +20,7 @@ void ProgressStatus::start(const char* text, bool showStopButton, bool showProgr
 
 void ProgressStatus::setText(const char* text) {
     if (!open_) {
-        host_.errors().record("VexUtilStatusSetPercentDoneText", "no percent-done status is open");
+        errors_.record("VexUtilStatusSetPercentDoneText", "no percent-done status is open");
         return;
     }
     text_ = text;
@@ -30,12 +30,12 @@ void ProgressStatus::setText(const char* text) {
 
 bool ProgressStatus::check(int32_t percent) {
     if (!open_) {
-        host_.errors().record("VexUtilStatusCheckPercentDone", "no percent-done status is open");
+        errors_.record("VexUtilStatusCheckPercentDone", "no percent-done status is open");
         return true;
     }
     if (percent < 0 || percent > 100)
-        host_.errors().record("VexUtilStatusCheckPercentDone",
-                              "the percentage " + std::to_string(percent) + " is not in 0..100");
+        errors_.record("VexUtilStatusCheckPercentDone",
+                       "the percentage " + std::to_string(percent) + " is not in 0..100");
     percents_.push_back(percent);
     if (stopCountdown_ > 0 && --stopCountdown_ == 0)
         stopPressed_ = true;
@@ -45,7 +45,7 @@ bool ProgressStatus::check(int32_t percent) {
 
 void ProgressStatus::finish() {
     if (!open_) {
-        host_.errors().record("VexUtilStatusFinishPercentDone", "no percent-done status is open");
+        errors_.record("VexUtilStatusFinishPercentDone", "no percent-done status is open");
         return;
     }
     ++finishes_;

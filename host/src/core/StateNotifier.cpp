@@ -4,20 +4,20 @@
 #include <exception>
 #include <string>
 
-#include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
 
 namespace vexhost {
 
 bool StateNotifier::add(VexStateChangeMode_e mode, VexStateChangeCallback_pf callback,
                         void* clientData) {
     if (callback == nullptr) {
-        host_.errors().record("VexUtilStateChangeAddCallback", "the callback is missing");
+        errors_.record("VexUtilStateChangeAddCallback", "the callback is missing");
         return false;
     }
     for (const Listener& listener : listeners_) {
         if (listener.callback == callback && listener.clientData == clientData) {
-            host_.errors().record("VexUtilStateChangeAddCallback",
-                                  "this callback and client data are registered already");
+            errors_.record("VexUtilStateChangeAddCallback",
+                           "this callback and client data are registered already");
             return false;
         }
     }
@@ -37,8 +37,8 @@ bool StateNotifier::remove(VexStateChangeCallback_pf callback, void* clientData)
             return true;
         }
     }
-    host_.errors().record("VexUtilStateChangeRemoveCallback",
-                          "this callback and client data are not registered");
+    errors_.record("VexUtilStateChangeRemoveCallback",
+                   "this callback and client data are not registered");
     return false;
 }
 
@@ -60,11 +60,11 @@ void StateNotifier::send(int32_t code) {
         try {
             listener.callback(code, listener.clientData);
         } catch (const std::exception& error) {
-            host_.errors().record("VexUtilStateChangeAddCallback",
-                                  "the callback let an exception out on state change " +
-                                      std::to_string(code) + ": " + error.what());
+            errors_.record("VexUtilStateChangeAddCallback",
+                           "the callback let an exception out on state change " +
+                               std::to_string(code) + ": " + error.what());
         } catch (...) {
-            host_.errors().record(
+            errors_.record(
                 "VexUtilStateChangeAddCallback",
                 "the callback let an exception out on state change " + std::to_string(code));
         }

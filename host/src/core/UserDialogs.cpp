@@ -1,7 +1,7 @@
 #include "vexhost/UserDialogs.h"
 
 #include "core/Text.h"
-#include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
 
 namespace vexhost {
 
@@ -38,9 +38,8 @@ bool UserDialogs::showMessageBox(const char* message, VexMessageBoxType_e type) 
             // Nothing is decided silently: the run fails, naming the question.
             std::string quoted;
             text::appendQuoted(quoted, message);
-            host_.errors().record(
-                "VexUtilDialogMessageBox",
-                "no answer was queued for the question " + quoted + "; answered No");
+            errors_.record("VexUtilDialogMessageBox",
+                           "no answer was queued for the question " + quoted + "; answered No");
             answer = false;
         } else {
             answer = answers_.front();

@@ -8,7 +8,7 @@
 #include "script/MacroText.h"
 #include "vexhost/GuiDump.h"
 #include "vexhost/GuiError.h"
-#include "vexhost/Host.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/MacroError.h"
 #include "vexhost/MacroFileRunner.h"
 
@@ -154,13 +154,18 @@ void expectCount(const std::vector<Word>& words, std::size_t count, const char* 
 
 }  // namespace
 
-void GuiScript::install(MacroFileRunner& runner, Host& host, std::ostream& out) {
+void GuiScript::install(MacroFileRunner& runner, GuiUser& user, const GuiModel& model,
+                        std::ostream& out) {
     runner.addCommand(
-        "UI", [&host, &out](const std::string& arguments) { GuiScript(host, out).run(arguments); },
+        "UI",
+        [&user, &model, &out](const std::string& arguments) {
+            GuiScript(user, model, out).run(arguments);
+        },
         MacroFileRunner::Recording::NotRecorded);
 }
 
-GuiScript::GuiScript(Host& host, std::ostream& out) : host_(host), user_(host), out_(out) {}
+GuiScript::GuiScript(GuiUser& user, const GuiModel& model, std::ostream& out)
+    : user_(user), model_(model), out_(out) {}
 
 void GuiScript::run(const std::string& arguments) {
     std::vector<Word> words = splitLine(arguments);
@@ -352,7 +357,7 @@ void GuiScript::dialogButton(const char* name, const std::vector<Word>& words,
 
 void GuiScript::dump(const std::vector<Word>& words) {
     expectCount(words, 1, "DUMP needs a dialog: $!UI DUMP \"<dialog>\".");
-    out_ << GuiDump::dialog(host_.gui(), dialog(words[0]).id) << std::flush;
+    out_ << GuiDump::dialog(model_, dialog(words[0]).id) << std::flush;
 }
 
 }  // namespace vexhost

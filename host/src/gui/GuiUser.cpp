@@ -12,7 +12,7 @@ namespace vexhost {
 
 using Kind = GuiControl::Kind;
 
-GuiUser::GuiUser(Host& host) : model_(host.gui()), addOns_(host.addOns()) {}
+GuiUser::GuiUser(Host& host) : model_(host.guiModel()), addOns_(host.addOns()) {}
 
 std::string GuiUser::plainText(std::string_view text) {
     return TieredMatch::plainText(text);

@@ -37,7 +37,7 @@ std::string MacroFileRunner::Failure::text() const {
 }
 
 MacroFileRunner::MacroFileRunner(Host& host)
-    : MacroFileRunner(host.addOns(), host.idleQueue(), host.errors(), host.lock(), host.gui(),
+    : MacroFileRunner(host.addOns(), host.idleQueue(), host.errors(), host.lock(), host.guiModel(),
                       host.drawing(), host.progress(), host.macro()) {
     BuiltInCommands::install(*this, host.exporter(), host.style(), host.frames(), host.dataSet(),
                              host.drawing(), host.stateChanges());

@@ -5,10 +5,6 @@
 namespace vexhost {
 namespace sdk {
 
-void appendArg(std::string& out, AddOnArg value) {
-    out += Host::instance().addOns().describe(value.handle);
-}
-
 void appendArg(std::string& out, const StyleArgs& value) {
     // Path words in P1..P6 order, whatever order the list has them in, then the value of a set.
     const VexArg_s* words[StyleArgList::MaxWords] = {};
@@ -55,6 +51,15 @@ void appendArg(std::string& out, const StyleArgs& value) {
             out += "<pointer>";
             break;
     }
+}
+
+void SdkCall::appendHostArg(std::string& out, AddOnArg value) const {
+    out += host_.addOns().describe(value.handle);
+}
+
+void SdkCall::appendHostArg(std::string& out, FreedString value) const {
+    const bool live = value.value != nullptr && host_.bookkeeping().isString(value.value);
+    text::appendQuoted(out, live ? value.value : nullptr);
 }
 
 Frame* SdkCall::requireActiveFrame() const {

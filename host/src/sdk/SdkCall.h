@@ -3,6 +3,12 @@
 // carries the checks many calls share (lock held, frame present), which record host errors under
 // the call's name. With the log off it costs one increment and one test. Calls that the host can
 // fail ask the fault plan (FaultPlan) whether this one fails, through strikes().
+//
+// It is also the one place where the SDK layer reaches the process-wide host (Host::instance()).
+// The SDK is a C interface: an add-on's plain C call carries no host, so the call has to find it,
+// and it does so here, once per call. Each SDK function then takes the parts it uses from the call
+// (call.host().frames(), ...); below the SDK layer, the host's parts are handed what they use and
+// never look for the host themselves.
 #ifndef VEXHOST_SDK_SDKCALL_H
 #define VEXHOST_SDK_SDKCALL_H
 
@@ -20,6 +26,12 @@ namespace sdk {
 // An add-on handle, logged as its registered name in double quotes.
 struct AddOnArg {
     VexAddOn_pa handle;
+};
+
+// A string handed back to be freed, logged with its text only while it is a live host string: a
+// foreign pointer is not read.
+struct FreedString {
+    const char* value;
 };
 
 // The argument list of a style X-call, logged as its path words and (for a set) the value.
@@ -53,7 +65,6 @@ std::enable_if_t<std::is_integral_v<T> || std::is_enum_v<T>> appendArg(std::stri
 inline void appendArg(std::string& out, StringInInteger value) {
     text::appendQuoted(out, reinterpret_cast<const char*>(value.value));
 }
-void appendArg(std::string& out, AddOnArg value);
 void appendArg(std::string& out, const StyleArgs& value);
 
 class SdkCall {
@@ -109,12 +120,18 @@ private:
         return entry;
     }
     template <typename T>
-    static void appendSeparated(std::string& out, bool& first, const T& value) {
+    void appendSeparated(std::string& out, bool& first, const T& value) const {
         if (!first)
             out += ", ";
         first = false;
-        appendArg(out, value);
+        if constexpr (std::is_same_v<T, AddOnArg> || std::is_same_v<T, FreedString>)
+            appendHostArg(out, value);
+        else
+            appendArg(out, value);
     }
+    // Arguments whose text the host knows.
+    void appendHostArg(std::string& out, AddOnArg value) const;
+    void appendHostArg(std::string& out, FreedString value) const;
 
     Host& host_;
     const char* function_;

@@ -94,7 +94,7 @@ TEST_F(AddOnRegistryTest, FailingMacroCommandGivesItsErrorTextAndTheHostFreesIt)
         host().addOns().runMacroCommand("Test Add-On", "Bad");
     EXPECT_FALSE(result.ok);
     EXPECT_EQ(result.error, "Test Add-On error:\nNo such command.");
-    EXPECT_EQ(host().memory().outstanding(vexhost::Bookkeeping::Kind::String), 0u);
+    EXPECT_EQ(host().bookkeeping().outstanding(vexhost::Bookkeeping::Kind::String), 0u);
 }
 
 TEST_F(AddOnRegistryTest, ErrorTextThatIsNotAHostStringIsAHostError) {

@@ -19,11 +19,11 @@ TEST_F(BookkeepingTest, HostStringIsOutstandingUntilFreed) {
     ASSERT_NE(text, nullptr);
     EXPECT_EQ(std::strlen(text), 0u) << "handed out empty";
     std::strcpy(text, "0123456789");
-    EXPECT_EQ(host().memory().outstanding(Bookkeeping::Kind::String), 1u);
+    EXPECT_EQ(host().bookkeeping().outstanding(Bookkeeping::Kind::String), 1u);
     VexUtilStringDealloc(&text);
     EXPECT_EQ(text, nullptr);
-    EXPECT_EQ(host().memory().outstanding(Bookkeeping::Kind::String), 0u);
-    EXPECT_EQ(host().memory().handedOut(Bookkeeping::Kind::String), 1u);
+    EXPECT_EQ(host().bookkeeping().outstanding(Bookkeeping::Kind::String), 0u);
+    EXPECT_EQ(host().bookkeeping().handedOut(Bookkeeping::Kind::String), 1u);
 }
 
 TEST_F(BookkeepingTest, FreeingTwiceOrAForeignStringIsAHostErrorAndTouchesNothing) {
@@ -55,7 +55,7 @@ TEST_F(BookkeepingTest, FreeingNullIsAllowed) {
 }
 
 TEST_F(BookkeepingTest, TheKthStringAllocationFailsWhenAsked) {
-    host().memory().failStringAllocation(2);
+    host().bookkeeping().failStringAllocation(2);
     char* first = VexUtilStringAlloc(5, "one");
     char* second = VexUtilStringAlloc(5, "two");
     char* third = VexUtilStringAlloc(5, "three");
@@ -67,7 +67,7 @@ TEST_F(BookkeepingTest, TheKthStringAllocationFailsWhenAsked) {
 }
 
 TEST_F(BookkeepingTest, FailingAllocationReachesStringsHandedOutByGetters) {
-    host().memory().failStringAllocation(1);
+    host().bookkeeping().failStringAllocation(1);
     std::string name = "kept";
     EXPECT_EQ(vexplot::toolbox::StyleValue("ExportSetup", "ExportFName").get(name),
               VexGetValue_ContextError);
@@ -85,17 +85,17 @@ TEST_F(BookkeepingTest, StringListKeepsItsEntriesAndHandsOutCopies) {
         vexplot::toolbox::StringList list{"&Use Width of Image on Screen", "&Enter Width:"};
         EXPECT_EQ(list.count(), 2);
         EXPECT_EQ(list.get(2), "&Enter Width:");
-        EXPECT_EQ(host().memory().outstanding(Bookkeeping::Kind::StringList), 1u);
+        EXPECT_EQ(host().bookkeeping().outstanding(Bookkeeping::Kind::StringList), 1u);
         EXPECT_EQ(VexUtilStringListGetString(list.handle(), 3), nullptr);
         EXPECT_EQ(takeHostErrors(), std::vector<std::string>{"VexUtilStringListGetString: there "
                                                              "is no entry 3 (the list has 2)"});
     }
-    EXPECT_EQ(host().memory().outstanding(Bookkeeping::Kind::StringList), 0u);
+    EXPECT_EQ(host().bookkeeping().outstanding(Bookkeeping::Kind::StringList), 0u);
 }
 
 TEST_F(BookkeepingTest, ArraysHandedOutAreFreedWithArrayDealloc) {
-    void* array = host().memory().allocateArray(4 * sizeof(int32_t));
-    EXPECT_EQ(host().memory().outstanding(Bookkeeping::Kind::Array), 1u);
+    void* array = host().bookkeeping().allocateArray(4 * sizeof(int32_t));
+    EXPECT_EQ(host().bookkeeping().outstanding(Bookkeeping::Kind::Array), 1u);
     VexUtilArrayDealloc(&array);
     EXPECT_EQ(array, nullptr);
     int local = 0;
@@ -109,11 +109,11 @@ TEST_F(BookkeepingTest, ArraysHandedOutAreFreedWithArrayDealloc) {
 TEST_F(BookkeepingTest, ResetFreesEverythingOutstanding) {
     VexUtilStringAlloc(4, "left");
     VexUtilStringListAlloc();
-    host().memory().createSet({1, 2});
-    host().memory().allocateArray(8);
-    EXPECT_EQ(host().memory().outstandingTotal(), 4u);
+    host().bookkeeping().createSet({1, 2});
+    host().bookkeeping().allocateArray(8);
+    EXPECT_EQ(host().bookkeeping().outstandingTotal(), 4u);
     host().reset();
-    EXPECT_EQ(host().memory().outstandingTotal(), 0u);
+    EXPECT_EQ(host().bookkeeping().outstandingTotal(), 0u);
 }
 
 }  // namespace

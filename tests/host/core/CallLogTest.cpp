@@ -55,8 +55,8 @@ TEST_F(CallLogTest, CallsAreLoggedWithTheirArgumentsInOrder) {
 }
 
 TEST_F(CallLogTest, StringsAreQuotedWithEscapesAndNullIsNull) {
-    host().dialogs().queueAnswer(true);
-    host().dialogs().queueFileName("a.keyframe");
+    host().userDialogs().queueAnswer(true);
+    host().userDialogs().queueFileName("a.keyframe");
     startCallLog();
     VexUtilDialogMessageBox("Click \"No\" to restore\nthe extension.", VexMessageBox_YesNo);
     char* name = nullptr;
@@ -77,7 +77,7 @@ TEST_F(CallLogTest, StringsAreQuotedWithEscapesAndNullIsNull) {
                    "VexUtilExportSetup(\"ExportFName\", NULL, 0, \"movie.mp4\")",
                    "VexUtilExportSetup(\"AnimationSpeed\", NULL, 12.5, 0)",
                    vextest::addOnLockFinish(), "VexUtilStringAlloc(30, \"tag\")"}));
-    host().memory().reset();  // the string above is left on purpose
+    host().bookkeeping().reset();  // the string above is left on purpose
 }
 
 TEST_F(CallLogTest, LogOffRecordsNothingButCountsEveryCall) {

@@ -37,7 +37,7 @@ TEST_F(DataSetTest, EnabledZonesAreWalkedAsAHostSetInZoneOrder) {
     host().dataSet().setZoneEnabled(2, false);
     VexSet_pa set = nullptr;
     ASSERT_TRUE(VexUtilZoneGetEnabled(&set));
-    EXPECT_EQ(host().memory().outstanding(vexhost::Bookkeeping::Kind::Set), 1u);
+    EXPECT_EQ(host().bookkeeping().outstanding(vexhost::Bookkeeping::Kind::Set), 1u);
     EXPECT_EQ(walk(set), (std::vector<VexSetIndex_t>{1, 3, 4}));
     EXPECT_EQ(VexUtilSetGetMemberCount(set), 3);
     VexUtilSetDealloc(&set);

@@ -201,7 +201,7 @@ TEST_F(ExporterTest, WriterThatCannotOpenRefusesTheStartWithADialogNamingTheCaus
     ScopedLock lock(addOn_);
     EXPECT_FALSE(VexUtilExportStart());
     EXPECT_FALSE(VexUtilExportIsRecording());
-    EXPECT_EQ(host().dialogs().errorMessages(),
+    EXPECT_EQ(host().userDialogs().errorMessages(),
               std::vector<std::string>{"Cannot write \"/nowhere/x.mp4\"."});
     EXPECT_EQ(host().exporter().log(),
               std::vector<std::string>{"Export not started: the error shown says why."});
@@ -216,7 +216,7 @@ TEST_F(ExporterTest, FactoryThatRefusesTheSetupRefusesTheStartWithADialog) {
         });
     ScopedLock lock(addOn_);
     EXPECT_FALSE(VexUtilExportStart());
-    EXPECT_EQ(host().dialogs().errorMessages(),
+    EXPECT_EQ(host().userDialogs().errorMessages(),
               std::vector<std::string>{"The export format 3 does not make movies"});
 }
 
@@ -228,7 +228,7 @@ TEST_F(ExporterTest, FirstPictureThatCannotBeDrawnRefusesTheStartAndLeavesNoMovi
     EXPECT_FALSE(VexUtilExportStart());
     EXPECT_FALSE(VexUtilExportIsRecording());
     EXPECT_EQ(record_.calls, (std::vector<std::string>{"open", "cancel"}));
-    EXPECT_EQ(host().dialogs().errorMessages(),
+    EXPECT_EQ(host().userDialogs().errorMessages(),
               std::vector<std::string>{"Cannot start OpenGL rendering: no display"});
     EXPECT_EQ(host().exporter().counts().frames, 0u);
 }
@@ -243,7 +243,7 @@ TEST_F(ExporterTest, WriterFailingLaterIsToldOnceAndTheFinishWritesNoMovie) {
     EXPECT_FALSE(VexUtilExportFinish());
     EXPECT_FALSE(VexUtilExportIsRecording());
     EXPECT_EQ(record_.calls, (std::vector<std::string>{"open", "frame", "frame", "cancel"}));
-    EXPECT_EQ(host().dialogs().errorMessages(), std::vector<std::string>{"The disk is full."});
+    EXPECT_EQ(host().userDialogs().errorMessages(), std::vector<std::string>{"The disk is full."});
     EXPECT_EQ(host().exporter().log(),
               (std::vector<std::string>{vextest::exportStartedLine(21, 800, 600, ""),
                                         "Export failed while adding frame 2: The disk is full.",

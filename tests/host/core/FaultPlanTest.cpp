@@ -123,14 +123,14 @@ TEST_F(FaultPlanTest, ARefusedExportStartOpensNoExport) {
 }
 
 TEST_F(FaultPlanTest, EveryHostStringCanFailGettersIncluded) {
-    host().dialogs().queueFileName("picked.keyframe");
+    host().userDialogs().queueFileName("picked.keyframe");
     plan().failSite(1);
     char* name = nullptr;
     EXPECT_FALSE(
         VexUtilDialogGetFileName(VexSelectFile_ReadSingleFile, &name, "Files", "x", "*.x"));
     EXPECT_EQ(nullptr, name);
     EXPECT_EQ(Fault::StringAllocationFails, plan().struckSite().fault);
-    EXPECT_EQ(0u, host().memory().outstandingTotal());
+    EXPECT_EQ(0u, host().bookkeeping().outstandingTotal());
 }
 
 TEST_F(FaultPlanTest, SitesCalledFromOutsideTheHostCountInTheSameSequence) {

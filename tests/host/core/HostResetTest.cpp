@@ -33,10 +33,10 @@ TEST_F(HostResetTest, ResetLeavesACleanHost) {
     VexUtilStringAlloc(3, "left");
     host().errors().record("Test", "an error");
     host().macro().setRecording(true);
-    host().dialogs().queueAnswer(true);
-    host().dialogs().queueFileName("f");
+    host().userDialogs().queueAnswer(true);
+    host().userDialogs().queueFileName("f");
     host().progress().pressStopAt(1);
-    host().memory().failStringAllocation(1);
+    host().bookkeeping().failStringAllocation(1);
     host().exporter().setRefuseStart(true);
     host().style().refuse({"Interface", "UseDisplayLists"}, true, true);
     host().frames().setWorkArea(10, 10);
@@ -60,10 +60,10 @@ TEST_F(HostResetTest, ResetLeavesACleanHost) {
     EXPECT_FALSE(h.exporter().isRecording());
     EXPECT_EQ(h.idleQueue().pending(), 0u);
     EXPECT_EQ(h.stateChanges().listenerCount(), 0u);
-    EXPECT_EQ(h.memory().outstandingTotal(), 0u);
+    EXPECT_EQ(h.bookkeeping().outstandingTotal(), 0u);
     EXPECT_FALSE(h.macro().isRecording());
-    EXPECT_EQ(h.dialogs().pendingAnswers(), 0u);
-    EXPECT_EQ(h.dialogs().pendingFileNames(), 0u);
+    EXPECT_EQ(h.userDialogs().pendingAnswers(), 0u);
+    EXPECT_EQ(h.userDialogs().pendingFileNames(), 0u);
     // Fault settings are gone too.
     char* text = VexUtilStringAlloc(2, "ok");
     EXPECT_NE(text, nullptr);

@@ -221,7 +221,7 @@ TEST_F(StyleStoreTest, StringValueIsHandedOutAsAHostString) {
     std::string text;
     EXPECT_EQ(fileName.get(text), VexGetValue_Ok);
     EXPECT_EQ(text, "movie ü.mp4");
-    EXPECT_EQ(host().memory().handedOut(vexhost::Bookkeeping::Kind::String), 1u);
+    EXPECT_EQ(host().bookkeeping().handedOut(vexhost::Bookkeeping::Kind::String), 1u);
 }
 
 TEST_F(StyleStoreTest, SuccessfulSdkSetSendsTheStyleStateChange) {

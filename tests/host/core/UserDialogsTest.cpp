@@ -17,11 +17,11 @@ class UserDialogsTest : public vextest::HostTest {};
 
 TEST_F(UserDialogsTest, ErrorDialogIsRecordedAndShownThroughTheSink) {
     std::vector<std::pair<UserDialogs::Kind, std::string>> shown;
-    host().dialogs().setSink(
+    host().userDialogs().setSink(
         [&](UserDialogs::Kind kind, const std::string& text) { shown.emplace_back(kind, text); });
     VexUtilDialogErrMsg("Keyframe animation is only allowed with 3D plots.");
     EXPECT_TRUE(VexUtilDialogMessageBox("Saved.\n", VexMessageBox_Information));
-    EXPECT_EQ(host().dialogs().errorMessages(),
+    EXPECT_EQ(host().userDialogs().errorMessages(),
               std::vector<std::string>{"Keyframe animation is only allowed with 3D plots."});
     ASSERT_EQ(shown.size(), 2u);
     EXPECT_EQ(shown[0].first, UserDialogs::Kind::ErrorDialog);
@@ -30,22 +30,22 @@ TEST_F(UserDialogsTest, ErrorDialogIsRecordedAndShownThroughTheSink) {
 }
 
 TEST_F(UserDialogsTest, YesNoQuestionsTakeTheQueuedAnswersInOrder) {
-    host().dialogs().queueAnswer(true);
-    host().dialogs().queueAnswer(false);
+    host().userDialogs().queueAnswer(true);
+    host().userDialogs().queueAnswer(false);
     EXPECT_TRUE(VexUtilDialogMessageBox("Overwrite?", VexMessageBox_YesNo));
     EXPECT_FALSE(VexUtilDialogMessageBox("Really?", VexMessageBox_Question));
-    EXPECT_EQ(host().dialogs().pendingAnswers(), 0u);
-    ASSERT_EQ(host().dialogs().messageBoxes().size(), 2u);
-    EXPECT_EQ(host().dialogs().messageBoxes()[0].type, VexMessageBox_YesNo);
-    EXPECT_TRUE(host().dialogs().messageBoxes()[0].answer);
-    EXPECT_FALSE(host().dialogs().messageBoxes()[1].answer);
+    EXPECT_EQ(host().userDialogs().pendingAnswers(), 0u);
+    ASSERT_EQ(host().userDialogs().messageBoxes().size(), 2u);
+    EXPECT_EQ(host().userDialogs().messageBoxes()[0].type, VexMessageBox_YesNo);
+    EXPECT_TRUE(host().userDialogs().messageBoxes()[0].answer);
+    EXPECT_FALSE(host().userDialogs().messageBoxes()[1].answer);
 }
 
 TEST_F(UserDialogsTest, WarningsAndErrorBoxesTakeNoAnswer) {
-    host().dialogs().queueAnswer(false);
+    host().userDialogs().queueAnswer(false);
     EXPECT_TRUE(VexUtilDialogMessageBox("Careful.", VexMessageBox_Warning));
     EXPECT_TRUE(VexUtilDialogMessageBox("Broken.", VexMessageBox_Error));
-    EXPECT_EQ(host().dialogs().pendingAnswers(), 1u);
+    EXPECT_EQ(host().userDialogs().pendingAnswers(), 1u);
 }
 
 TEST_F(UserDialogsTest, QuestionWithoutAQueuedAnswerIsAHostErrorNamingIt) {
@@ -58,8 +58,8 @@ TEST_F(UserDialogsTest, QuestionWithoutAQueuedAnswerIsAHostErrorNamingIt) {
 }
 
 TEST_F(UserDialogsTest, FileDialogTakesTheQueuedNamesAndRecordsItsArguments) {
-    host().dialogs().queueFileName("/tmp/anim ü.keyframe");
-    host().dialogs().queueFileCancel();
+    host().userDialogs().queueFileName("/tmp/anim ü.keyframe");
+    host().userDialogs().queueFileCancel();
     char* name = nullptr;
     ASSERT_TRUE(VexUtilDialogGetFileName(VexSelectFile_WriteFile, &name, "Key Frame Animation",
                                          "animation.keyframe", "*.keyframe"));
@@ -69,7 +69,7 @@ TEST_F(UserDialogsTest, FileDialogTakesTheQueuedNamesAndRecordsItsArguments) {
     EXPECT_EQ(name, nullptr);
     EXPECT_FALSE(VexUtilDialogGetFileName(VexSelectFile_ReadSingleFile, &name, "A", "b", "*.c"))
         << "an empty queue is Cancel";
-    const std::vector<UserDialogs::FileDialog>& dialogs = host().dialogs().fileDialogs();
+    const std::vector<UserDialogs::FileDialog>& dialogs = host().userDialogs().fileDialogs();
     ASSERT_EQ(dialogs.size(), 3u);
     EXPECT_EQ(dialogs[0].mode, VexSelectFile_WriteFile);
     EXPECT_EQ(dialogs[0].fileTypeName, "Key Frame Animation");
@@ -81,7 +81,7 @@ TEST_F(UserDialogsTest, FileDialogTakesTheQueuedNamesAndRecordsItsArguments) {
 
 TEST_F(UserDialogsTest, HelpPagesAreRecorded) {
     EXPECT_TRUE(VexUtilHelp("addons.html#addons/working-with/keyframe"));
-    EXPECT_EQ(host().dialogs().helpPages(),
+    EXPECT_EQ(host().userDialogs().helpPages(),
               std::vector<std::string>{"addons.html#addons/working-with/keyframe"});
 }
 

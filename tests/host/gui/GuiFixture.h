@@ -18,7 +18,7 @@ namespace guitest {
 
 class GuiFixture : public vextest::HostTest {
 protected:
-    vexhost::GuiModel& gui() const { return host().gui(); }
+    vexhost::GuiModel& gui() const { return host().guiModel(); }
     vexhost::GuiUser& user() { return user_; }
     // The control or dialog of that id; the test fails when there is none.
     const vexhost::GuiControl& control(int32_t id) const;

@@ -148,7 +148,7 @@ protected:
         standIn = StandIn();
         standIn.addOn = registerAddOn("Stand-In");
         VexUtilMenuAddOption("Animate", "&Key Frame Animation...", 1, openMain);
-        vexhost::GuiScript::install(runner_, host(), output_);
+        vexhost::GuiScript::install(runner_, user(), gui(), output_);
     }
 
     void run(const std::string& line) { runner_.runLine(line); }
@@ -213,7 +213,7 @@ TEST_F(GuiScriptTest, DumpWritesTheDialogsStateToTheOutput) {
 
 TEST_F(GuiScriptTest, DumpOfAVexplotRunGoesToStandardOutput) {
     MacroFileRunner runner(host());
-    vexhost::GuiScript::install(runner, host(), std::cout);
+    vexhost::GuiScript::install(runner, user(), gui(), std::cout);
     addModeless("Plain");
     std::ostringstream captured;
     std::streambuf* const saved = std::cout.rdbuf(captured.rdbuf());

@@ -331,7 +331,7 @@ TEST_F(SdkGuiTest, TextFieldsHandOutTheirTextAsCountedHostStringsAndFireNothingW
     char* cycles = VexGUITextFieldGetString(spin);
     EXPECT_STREQ(name, "View 1");
     EXPECT_STREQ(cycles, "3");
-    EXPECT_EQ(host().memory().outstanding(Bookkeeping::Kind::String), 3u);
+    EXPECT_EQ(host().bookkeeping().outstanding(Bookkeeping::Kind::String), 3u);
     VexUtilStringDealloc(&empty);
     VexUtilStringDealloc(&name);
     VexUtilStringDealloc(&cycles);
@@ -341,7 +341,7 @@ TEST_F(SdkGuiTest, TextFieldsHandOutTheirTextAsCountedHostStringsAndFireNothingW
 TEST_F(SdkGuiTest, TextFieldGetStringAnswersNullWhenTheHostIsOutOfMemory) {
     const int32_t main = addModeless();
     const int32_t field = VexGUITextFieldAdd(main, 0, 0, 100, 145, nullptr, nullptr);
-    host().memory().failStringAllocation(1);
+    host().bookkeeping().failStringAllocation(1);
     EXPECT_EQ(VexGUITextFieldGetString(field), nullptr);
 }
 
@@ -390,7 +390,7 @@ TEST_F(SdkGuiListTest, SelectedLinesComeAsACountedHostArrayInAscendingOrder) {
     ASSERT_EQ(count, 2);
     EXPECT_EQ(items[0], 2);
     EXPECT_EQ(items[1], 4);
-    EXPECT_EQ(host().memory().outstanding(Bookkeeping::Kind::Array), 1u);
+    EXPECT_EQ(host().bookkeeping().outstanding(Bookkeeping::Kind::Array), 1u);
     VexUtilArrayDealloc(reinterpret_cast<void**>(&items));
     EXPECT_EQ(items, nullptr);
 }
@@ -401,7 +401,7 @@ TEST_F(SdkGuiListTest, NothingSelectedGivesNullAndACountOfZero) {
     VexGUIListGetSelectedItems(list_, &items, &count);
     EXPECT_EQ(items, nullptr);
     EXPECT_EQ(count, 0);
-    EXPECT_EQ(host().memory().handedOut(Bookkeeping::Kind::Array), 0u);
+    EXPECT_EQ(host().bookkeeping().handedOut(Bookkeeping::Kind::Array), 0u);
 }
 
 TEST_F(SdkGuiListTest, GettingTheSelectionWithoutPlacesForItIsAHostError) {

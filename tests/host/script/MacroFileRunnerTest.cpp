@@ -344,7 +344,7 @@ TEST_F(MacroFileRunnerTest, AddOnCarriageReturnOfAWindowsLineIsNotPartOfTheComma
 
 TEST_F(MacroFileRunnerTest, AddOnFailureTextIsTheLinesMessageAsItStands) {
     EXPECT_EQ("Probe error:\nIt went wrong.", failureOf("$!ADDON \"Probe\" Fail"));
-    EXPECT_EQ(0u, host().memory().outstanding(vexhost::Bookkeeping::Kind::String));
+    EXPECT_EQ(0u, host().bookkeeping().outstanding(vexhost::Bookkeeping::Kind::String));
 }
 
 TEST_F(MacroFileRunnerTest, AddOnFailureWithoutMessageSaysSo) {
@@ -670,8 +670,8 @@ TEST_F(MacroFileRunnerTest, NothingIsRecordedWhileTheRecorderIsOff) {
 TEST_F(MacroFileRunnerTest, IdleQueueRunsAfterEachLine) {
     ASSERT_TRUE(runner.runLine("$!ADDON \"Probe\" QueueIdle"));
     EXPECT_EQ(0u, host().idleQueue().pending());
-    ASSERT_EQ(1u, host().dialogs().messageBoxes().size());
-    EXPECT_EQ("idle work ran", host().dialogs().messageBoxes()[0].text);
+    ASSERT_EQ(1u, host().userDialogs().messageBoxes().size());
+    EXPECT_EQ("idle work ran", host().userDialogs().messageBoxes()[0].text);
 }
 
 TEST_F(MacroFileRunnerTest, IdleQueueRunsAlsoAfterAFailingLine) {
@@ -689,9 +689,9 @@ TEST_F(MacroFileRunnerTest, AQuestionWithNoAnswerFailsTheLineNamingTheQuestion) 
 }
 
 TEST_F(MacroFileRunnerTest, AQueuedAnswerLetsTheLineRun) {
-    host().dialogs().queueAnswer(true);
+    host().userDialogs().queueAnswer(true);
     EXPECT_EQ("", failureOf("$!ADDON \"Probe\" Ask"));
-    EXPECT_TRUE(host().dialogs().messageBoxes().at(0).answer);
+    EXPECT_TRUE(host().userDialogs().messageBoxes().at(0).answer);
 }
 
 TEST_F(MacroFileRunnerTest, ALockLeftHeldFailsTheLine) {

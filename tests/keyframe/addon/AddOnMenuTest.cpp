@@ -27,7 +27,7 @@ protected:
 
 TEST_F(AddOnMenuTest, HostWithNoFramesShowsOnlyAllowedWith3DPlots) {
     ASSERT_TRUE(chooseMenuItem());
-    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().dialogs().errorMessages());
+    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().userDialogs().errorMessages());
 }
 
 class AddOnMenuPlotTypeTest : public AddOnMenuTest,
@@ -36,7 +36,7 @@ class AddOnMenuPlotTypeTest : public AddOnMenuTest,
 TEST_P(AddOnMenuPlotTypeTest, ActiveFrameThatIsNot3DCartesianShowsOnlyAllowedWith3DPlots) {
     host().frames().create(GetParam());
     ASSERT_TRUE(chooseMenuItem());
-    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().dialogs().errorMessages());
+    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().userDialogs().errorMessages());
 }
 
 INSTANTIATE_TEST_SUITE_P(PlotTypes, AddOnMenuPlotTypeTest,
@@ -47,20 +47,20 @@ TEST_F(AddOnMenuTest, OnlyTheActiveFrameCounts) {
     host().frames().create(VexPlotType_Cartesian3D);
     host().frames().create(VexPlotType_Cartesian2D);
     ASSERT_TRUE(chooseMenuItem());
-    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().dialogs().errorMessages());
+    EXPECT_EQ(std::vector<std::string>{NotAllowed}, host().userDialogs().errorMessages());
 }
 
 TEST_F(AddOnMenuTest, A3DCartesianFrameIsAllowedWithoutError) {
     host().frames().create(VexPlotType_Cartesian3D);
     ASSERT_TRUE(chooseMenuItem());
-    EXPECT_TRUE(host().dialogs().errorMessages().empty());
+    EXPECT_TRUE(host().userDialogs().errorMessages().empty());
 }
 
 TEST_F(AddOnMenuTest, ChoosingTheItemTwiceWithA3DFrameIsAllowedBothTimes) {
     host().frames().create(VexPlotType_Cartesian3D);
     ASSERT_TRUE(chooseMenuItem());
     ASSERT_TRUE(chooseMenuItem());
-    EXPECT_TRUE(host().dialogs().errorMessages().empty());
+    EXPECT_TRUE(host().userDialogs().errorMessages().empty());
 }
 
 TEST_F(AddOnMenuTest, CheckRunsInAnInnerLockWithinTheCallbacksLock) {

@@ -19,7 +19,7 @@ using Kind = vexhost::Bookkeeping::Kind;
 
 class HostHoldersTest : public vextest::AddOnTest {
 protected:
-    std::size_t outstanding(Kind kind) const { return host().memory().outstanding(kind); }
+    std::size_t outstanding(Kind kind) const { return host().bookkeeping().outstanding(kind); }
 };
 
 TEST_F(HostHoldersTest, HostStringIsFreedWhenTheScopeEnds) {
@@ -61,7 +61,7 @@ TEST_F(HostHoldersTest, ReceiveFreesTheStringHeldBefore) {
 }
 
 TEST_F(HostHoldersTest, RefusedAllocationHoldsNothing) {
-    host().memory().failStringAllocation(1);
+    host().bookkeeping().failStringAllocation(1);
     HostString text = HostString::allocate(4, "test");
     EXPECT_TRUE(text.isNull());
     EXPECT_EQ("", text.str());
@@ -95,7 +95,7 @@ TEST_F(HostHoldersTest, HostArrayIsFreedWhenTheScopeEnds) {
     {
         HostArray<int32_t> array;
         *array.receive() =
-            static_cast<int32_t*>(host().memory().allocateArray(3 * sizeof(int32_t)));
+            static_cast<int32_t*>(host().bookkeeping().allocateArray(3 * sizeof(int32_t)));
         array.get()[2] = 42;
         EXPECT_EQ(42, array[2]);
         EXPECT_EQ(1u, outstanding(Kind::Array));

@@ -47,7 +47,7 @@ TEST_F(MacroCallbackTest, AllocatesTheMessageLengthPlus29UnderTheLock) {
 }
 
 TEST_F(MacroCallbackTest, RefusedAllocationFailsWithNothingStored) {
-    host().memory().failStringAllocation(1);
+    host().bookkeeping().failStringAllocation(1);
     char* errorText = nullptr;
     EXPECT_FALSE(macroCallback("Fly", &errorText));
     EXPECT_EQ(nullptr, errorText);

@@ -94,14 +94,14 @@ TEST_F(PluginLoadTest, EntryPointRegistersTheMacroCallbackUnderTheAddOnName) {
 TEST_F(PluginLoadTest, MenuItemWithNoFramesShowsOnlyAllowedWith3DPlots) {
     ASSERT_TRUE(chooseMenuItem());
     EXPECT_EQ(std::vector<std::string>{"Keyframe animation is only allowed with 3D plots."},
-              host().dialogs().errorMessages());
+              host().userDialogs().errorMessages());
 }
 
 TEST_F(PluginLoadTest, MenuItemWithA2DFrameShowsOnlyAllowedWith3DPlots) {
     host().frames().create(VexPlotType_Cartesian2D);
     ASSERT_TRUE(chooseMenuItem());
     EXPECT_EQ(std::vector<std::string>{"Keyframe animation is only allowed with 3D plots."},
-              host().dialogs().errorMessages());
+              host().userDialogs().errorMessages());
 }
 
 TEST_F(PluginLoadTest, MacroCommandFailsWithTheAddOnErrorText) {

@@ -96,7 +96,7 @@ TEST_F(StateChangeListenerTest, AFailingCallableIsShownAndGoesNoFurtherThanTheNo
         [](const StateChangeEventInterface&) { throw std::runtime_error("handler failed"); });
     listener.startListening();
     EXPECT_NO_THROW(host().stateChanges().send(VexStateChange_Style));
-    EXPECT_EQ(std::vector<std::string>{"handler failed"}, host().dialogs().errorMessages());
+    EXPECT_EQ(std::vector<std::string>{"handler failed"}, host().userDialogs().errorMessages());
     EXPECT_EQ(0, host().lock().depth());
     EXPECT_TRUE(listener.isListening());
 }

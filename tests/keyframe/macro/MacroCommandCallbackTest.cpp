@@ -151,7 +151,7 @@ TEST_F(MacroCommandCallbackTest, AParserFailureCreatesNoExecuter) {
 }
 
 TEST_F(MacroCommandCallbackTest, ARefusedMessageAllocationStillAnswersFalse) {
-    host().memory().failStringAllocation(1);
+    host().bookkeeping().failStringAllocation(1);
     std::string error;
     EXPECT_FALSE(call("Halt", error));
     EXPECT_EQ("", error);

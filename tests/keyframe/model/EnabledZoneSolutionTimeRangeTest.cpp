@@ -76,7 +76,7 @@ TEST_F(EnabledZoneSolutionTimeRangeTest, WalksTheEnabledZonesUnderTheLockAndFree
     }
     EXPECT_EQ(1, setFrees);
     EXPECT_EQ(2, timeReads);
-    EXPECT_EQ(0u, host().memory().outstanding(vexhost::Bookkeeping::Kind::Set));
+    EXPECT_EQ(0u, host().bookkeeping().outstanding(vexhost::Bookkeeping::Kind::Set));
 }
 
 }  // namespace

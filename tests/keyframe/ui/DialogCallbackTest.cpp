@@ -74,7 +74,7 @@ TEST_F(DialogCallbackTest, ATextCallbackPassesTheTextAndANullTextAsEmpty) {
 TEST_F(DialogCallbackTest, AFailureEndsInTheHostsErrorDialogWithTheLockGivenBack) {
     const VexGUIVoidCallback_pf callback = &dialogCallback<&Probe::fail>;
     callback(&probe);
-    EXPECT_EQ(host().dialogs().errorMessages(), std::vector<std::string>{"The probe failed."});
+    EXPECT_EQ(host().userDialogs().errorMessages(), std::vector<std::string>{"The probe failed."});
     EXPECT_EQ(host().lock().depth(), 0);
 }
 

@@ -64,7 +64,7 @@ TEST_F(DialogDropperTest, TheDroppedDialogOpensAgainOnceTheFrameIs3DAgain) {
     makeActiveFrame(VexPlotType_Cartesian3D);
     openMainDialog();
     EXPECT_TRUE(dialogNamed(Title).up);
-    EXPECT_EQ(host().gui().dialogs().size(), 1u);
+    EXPECT_EQ(host().guiModel().dialogs().size(), 1u);
 }
 
 }  // namespace

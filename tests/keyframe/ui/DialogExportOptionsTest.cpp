@@ -206,7 +206,7 @@ TEST_F(DialogExportOptionsTest, OkRecordsTheSixLinesOfAnMpeg4ExportInOrder) {
     host().macro().setRecording(true);
     launch();
     const std::string movie = directory.file("movie.mp4");
-    host().dialogs().queueFileName(movie);
+    host().userDialogs().queueFileName(movie);
     ok();
     EXPECT_EQ(
         host().macro().lines(),
@@ -217,7 +217,7 @@ TEST_F(DialogExportOptionsTest, OkRecordsTheSixLinesOfAnMpeg4ExportInOrder) {
     EXPECT_EQ(afterOkCount, 1);
     EXPECT_FALSE(dialogNamed(Export).up);
     EXPECT_EQ(host().exporter().settings().fileName, movie);
-    const auto& fileDialogs = host().dialogs().fileDialogs();
+    const auto& fileDialogs = host().userDialogs().fileDialogs();
     ASSERT_EQ(fileDialogs.size(), 1u);
     EXPECT_EQ(fileDialogs[0].mode, VexSelectFile_WriteFile);
     EXPECT_EQ(fileDialogs[0].filter, "*.mp4");
@@ -226,7 +226,7 @@ TEST_F(DialogExportOptionsTest, OkRecordsTheSixLinesOfAnMpeg4ExportInOrder) {
 
 TEST_F(DialogExportOptionsTest, EachAttributeIsAppliedUnderItsOwnLockInOrder) {
     launch();
-    host().dialogs().queueFileName(directory.file("movie.avi"));
+    host().userDialogs().queueFileName(directory.file("movie.avi"));
     chooseOption(Export, "Format:", "AVI", 1);
     startCallLog();
     ok();
@@ -247,7 +247,7 @@ TEST_F(DialogExportOptionsTest, NoLinesAreRecordedWhileTheRecorderIsOffButTheSet
     launch();
     chooseOption(Export, "Format:", "WMV", 1);
     type(Export, "Animation Speed (frames/sec):", "24.5", 1);
-    host().dialogs().queueFileName(directory.file("clip"));
+    host().userDialogs().queueFileName(directory.file("clip"));
     ok();
     EXPECT_TRUE(host().macro().lines().empty());
     const vexhost::ExportSettings settings = host().exporter().settings();
@@ -261,7 +261,7 @@ TEST_F(DialogExportOptionsTest, RasterMetafileStillAppliesAndRecordsTheSpeed) {
     host().macro().setRecording(true);
     launch();
     chooseOption(Export, "Format:", "Raster Metafile", 1);
-    host().dialogs().queueFileName(directory.file("frames.rm"));
+    host().userDialogs().queueFileName(directory.file("frames.rm"));
     ok();
     const Lines& lines = host().macro().lines();
     EXPECT_NE(std::find(lines.begin(), lines.end(), "$!EXPORTSETUP AnimationSpeed = 10"),
@@ -278,7 +278,7 @@ TEST_F(DialogExportOptionsTest, FlashRecordsItsImageTypeAndCompression) {
     chooseOption(Export, "Region:", "Work Area", 1);
     setAntialiasing(true);
     type(Export, "Supersample Factor (2-16):", "4", 1);
-    host().dialogs().queueFileName(directory.file("movie.swf"));
+    host().userDialogs().queueFileName(directory.file("movie.swf"));
     ok();
     EXPECT_EQ(
         host().macro().lines(),
@@ -298,7 +298,7 @@ TEST_F(DialogExportOptionsTest, OtherFormatsRecordNoFlashLinesAndNoFactorWithout
     host().macro().setRecording(true);
     launch();
     chooseOption(Export, "Format:", "Flash (FLV)", 1);
-    host().dialogs().queueFileName(directory.file("movie.flv"));
+    host().userDialogs().queueFileName(directory.file("movie.flv"));
     ok();
     for (const std::string& line : host().macro().lines()) {
         EXPECT_EQ(line.find("Flash"), std::string::npos) << line;
@@ -309,7 +309,7 @@ TEST_F(DialogExportOptionsTest, OtherFormatsRecordNoFlashLinesAndNoFactorWithout
 TEST_F(DialogExportOptionsTest, CancelingTheFileDialogLeavesTheDialogUpAndAppliesNothing) {
     host().macro().setRecording(true);
     launch();
-    host().dialogs().queueFileCancel();
+    host().userDialogs().queueFileCancel();
     pressDialogButton(Export, GuiUser::DialogButton::Ok, 1);
     EXPECT_TRUE(dialogNamed(Export).up);
     EXPECT_TRUE(host().macro().lines().empty());
@@ -322,8 +322,8 @@ TEST_F(DialogExportOptionsTest, RefusingToOverwriteAFileLeavesTheDialogUp) {
     const std::string movie = directory.file("movie.mp4");
     std::ofstream(movie) << "old";
     launch();
-    host().dialogs().queueFileName(movie);
-    host().dialogs().queueAnswer(false);
+    host().userDialogs().queueFileName(movie);
+    host().userDialogs().queueAnswer(false);
     pressDialogButton(Export, GuiUser::DialogButton::Ok, 1);
     EXPECT_TRUE(dialogNamed(Export).up);
     pressDialogButton(Export, GuiUser::DialogButton::Cancel);
@@ -344,7 +344,7 @@ TEST_F(DialogExportOptionsTest, BadNumbersAreReportedAndTheFieldShowsTheValueInF
 
 TEST_F(DialogExportOptionsTest, AnEmptyAfterOkCallbackIsABadFunctionCallShownAsAnError) {
     options().launch(DialogExportOptions::AfterOk());
-    host().dialogs().queueFileName(directory.file("movie.mp4"));
+    host().userDialogs().queueFileName(directory.file("movie.mp4"));
     ok();
     ASSERT_EQ(errorMessages().size(), 1u);
     EXPECT_NE(errorMessages()[0].find("call to empty boost::function"), std::string::npos)
@@ -354,7 +354,7 @@ TEST_F(DialogExportOptionsTest, AnEmptyAfterOkCallbackIsABadFunctionCallShownAsA
 TEST_F(DialogExportOptionsTest, HelpShowsTheExportPage) {
     launch();
     pressDialogButton(Export, GuiUser::DialogButton::Help, 1);
-    EXPECT_EQ(host().dialogs().helpPages(), Lines{"addons.html#_export_animation_options"});
+    EXPECT_EQ(host().userDialogs().helpPages(), Lines{"addons.html#_export_animation_options"});
     pressDialogButton(Export, GuiUser::DialogButton::Cancel);
 }
 

@@ -83,10 +83,10 @@ TEST_F(DialogMainTest, RefreshOptionsShowsTheSettingsInTheCreatedControls) {
     dialog.getSettings().FadeOut = true;
     // Before the menu bar exists only the destination menu is there to show a setting.
     dialog.refreshOptions();
-    EXPECT_EQ(host().gui().control(dialog.getControls().destination)->choice, 2);
+    EXPECT_EQ(host().guiModel().control(dialog.getControls().destination)->choice, 2);
     dialog.addMenuBar();
-    EXPECT_TRUE(host().gui().control(dialog.getControls().fadeOut)->isOn);
-    EXPECT_FALSE(host().gui().control(dialog.getControls().fadeIn)->isOn);
+    EXPECT_TRUE(host().guiModel().control(dialog.getControls().fadeOut)->isOn);
+    EXPECT_FALSE(host().guiModel().control(dialog.getControls().fadeIn)->isOn);
     EXPECT_EQ(host().lock().depth(), 0);
 }
 

@@ -162,7 +162,7 @@ TEST_F(DialogTimeAnimationOptionsTest, ABadCycleCountShowsTheMinimumAndKeepsTheC
 TEST_F(DialogTimeAnimationOptionsTest, HelpShowsTheOptionsPage) {
     openOptions(TimeAnimationOperation_e::Forward, 1);
     pressDialogButton(Options, GuiUser::DialogButton::Help, 1);
-    EXPECT_EQ(host().dialogs().helpPages(),
+    EXPECT_EQ(host().userDialogs().helpPages(),
               std::vector<std::string>{"addons.html#addons/working-with/keyframe/options"});
     pressDialogButton(Options, GuiUser::DialogButton::Cancel);
 }

@@ -42,7 +42,7 @@ protected:
 
     std::vector<std::string> questions() const {
         std::vector<std::string> texts;
-        for (const auto& box : host().dialogs().messageBoxes()) {
+        for (const auto& box : host().userDialogs().messageBoxes()) {
             EXPECT_EQ(box.type, VexMessageBox_YesNo);
             texts.push_back(box.text);
         }
@@ -65,7 +65,7 @@ TEST_F(FileNameChooserTest, ApplyingTheDefaultExtensionReplacesTheTextAfterTheLa
 }
 
 TEST_F(FileNameChooserTest, TheHostDialogGetsModeTypeNameCurrentNameAndFilter) {
-    host().dialogs().queueFileName("first");
+    host().userDialogs().queueFileName("first");
     startCallLog();
     ASSERT_TRUE(chooser_.chooseFileName(VexSelectFile_ReadSingleFile));
 
@@ -81,9 +81,9 @@ TEST_F(FileNameChooserTest, TheHostDialogGetsModeTypeNameCurrentNameAndFilter) {
     EXPECT_TRUE(chooser_.isChosen());
 
     // The next dialog starts from the accepted name.
-    host().dialogs().queueFileName("second.keyframe");
+    host().userDialogs().queueFileName("second.keyframe");
     ASSERT_TRUE(chooser_.chooseFileName(VexSelectFile_WriteFile));
-    const auto& dialogs = host().dialogs().fileDialogs();
+    const auto& dialogs = host().userDialogs().fileDialogs();
     ASSERT_EQ(dialogs.size(), 2u);
     EXPECT_EQ(dialogs[1].mode, VexSelectFile_WriteFile);
     EXPECT_EQ(dialogs[1].defaultFileName, "first.keyframe");
@@ -91,7 +91,7 @@ TEST_F(FileNameChooserTest, TheHostDialogGetsModeTypeNameCurrentNameAndFilter) {
 }
 
 TEST_F(FileNameChooserTest, ANameWithoutExtensionGetsTheDefaultOneAndNoQuestion) {
-    host().dialogs().queueFileName(directory_.file("new"));
+    host().userDialogs().queueFileName(directory_.file("new"));
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     EXPECT_EQ(chooser_.getFileName(), directory_.file("new.keyframe"));
     EXPECT_TRUE(questions().empty());
@@ -99,8 +99,8 @@ TEST_F(FileNameChooserTest, ANameWithoutExtensionGetsTheDefaultOneAndNoQuestion)
 
 TEST_F(FileNameChooserTest, ANameWithoutExtensionIsCheckedForOverwriteUnderItsNewName) {
     const std::string existing = existingFile("old.keyframe");
-    host().dialogs().queueFileName(directory_.file("old"));
-    host().dialogs().queueAnswer(true);
+    host().userDialogs().queueFileName(directory_.file("old"));
+    host().userDialogs().queueAnswer(true);
     startCallLog();
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     EXPECT_EQ(chooser_.getFileName(), existing);
@@ -118,8 +118,8 @@ TEST_F(FileNameChooserTest, ANameWithoutExtensionIsCheckedForOverwriteUnderItsNe
 
 TEST_F(FileNameChooserTest, NoToTheOverwriteQuestionRefusesTheName) {
     const std::string existing = existingFile("old.keyframe");
-    host().dialogs().queueFileName(existing);
-    host().dialogs().queueAnswer(false);
+    host().userDialogs().queueFileName(existing);
+    host().userDialogs().queueAnswer(false);
     EXPECT_FALSE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     EXPECT_EQ(chooser_.getFileName(), "animation.keyframe");
     EXPECT_FALSE(chooser_.isChosen());
@@ -128,7 +128,7 @@ TEST_F(FileNameChooserTest, NoToTheOverwriteQuestionRefusesTheName) {
 
 TEST_F(FileNameChooserTest, OpenDialogsDoNotAskAboutOverwriting) {
     const std::string existing = existingFile("old.keyframe");
-    host().dialogs().queueFileName(existing);
+    host().userDialogs().queueFileName(existing);
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_ReadSingleFile));
     EXPECT_EQ(chooser_.getFileName(), existing);
     EXPECT_TRUE(questions().empty());
@@ -136,8 +136,8 @@ TEST_F(FileNameChooserTest, OpenDialogsDoNotAskAboutOverwriting) {
 
 TEST_F(FileNameChooserTest, TheDefaultExtensionInUpperCaseIsAnotherExtension) {
     const std::string typed = directory_.file("upper.KEYFRAME");
-    host().dialogs().queueFileName(typed);
-    host().dialogs().queueAnswer(false);  // No: restore the default extension
+    host().userDialogs().queueFileName(typed);
+    host().userDialogs().queueAnswer(false);  // No: restore the default extension
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     EXPECT_EQ(questions(), std::vector<std::string>{extensionQuestion(typed)});
     EXPECT_EQ(chooser_.getFileName(), directory_.file("upper.keyframe"));
@@ -146,9 +146,9 @@ TEST_F(FileNameChooserTest, TheDefaultExtensionInUpperCaseIsAnotherExtension) {
 TEST_F(FileNameChooserTest, NoToTheExtensionQuestionStillAsksAboutOverwriting) {
     const std::string existing = existingFile("taken.keyframe");
     const std::string typed = directory_.file("taken.txt");
-    host().dialogs().queueFileName(typed);
-    host().dialogs().queueAnswer(false);  // No: restore the default extension
-    host().dialogs().queueAnswer(false);  // No: do not overwrite
+    host().userDialogs().queueFileName(typed);
+    host().userDialogs().queueAnswer(false);  // No: restore the default extension
+    host().userDialogs().queueAnswer(false);  // No: do not overwrite
     EXPECT_FALSE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     EXPECT_EQ(questions(),
               (std::vector<std::string>{extensionQuestion(typed), overwriteQuestion(existing)}));
@@ -157,19 +157,19 @@ TEST_F(FileNameChooserTest, NoToTheExtensionQuestionStillAsksAboutOverwriting) {
 
 TEST_F(FileNameChooserTest, YesToTheExtensionQuestionSkipsTheOverwriteQuestionOnPurpose) {
     const std::string existing = existingFile("keep.txt");
-    host().dialogs().queueFileName(existing);
-    host().dialogs().queueAnswer(true);  // Yes: keep the typed extension
+    host().userDialogs().queueFileName(existing);
+    host().userDialogs().queueAnswer(true);  // Yes: keep the typed extension
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     // The file exists, yet only the extension question was asked.
     EXPECT_EQ(questions(), std::vector<std::string>{extensionQuestion(existing)});
     EXPECT_EQ(chooser_.getFileName(), existing);
     EXPECT_TRUE(chooser_.isChosen());
-    EXPECT_EQ(host().dialogs().pendingAnswers(), 0u);
+    EXPECT_EQ(host().userDialogs().pendingAnswers(), 0u);
 }
 
 TEST_F(FileNameChooserTest, OpenDialogsAskTheExtensionQuestionWithTheSameWords) {
-    host().dialogs().queueFileName("settings.txt");
-    host().dialogs().queueAnswer(true);
+    host().userDialogs().queueFileName("settings.txt");
+    host().userDialogs().queueAnswer(true);
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_ReadSingleFile));
     EXPECT_EQ(questions(), std::vector<std::string>{extensionQuestion("settings.txt")});
     EXPECT_EQ(chooser_.getFileName(), "settings.txt");
@@ -177,8 +177,8 @@ TEST_F(FileNameChooserTest, OpenDialogsAskTheExtensionQuestionWithTheSameWords) 
 
 TEST_F(FileNameChooserTest, ADotInAFolderNameCountsAsTheExtension) {
     const std::string typed = "/data/run.2/settings";
-    host().dialogs().queueFileName(typed);
-    host().dialogs().queueAnswer(false);  // No: everything after that dot is replaced
+    host().userDialogs().queueFileName(typed);
+    host().userDialogs().queueAnswer(false);  // No: everything after that dot is replaced
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_ReadSingleFile));
     EXPECT_EQ(questions(), std::vector<std::string>{extensionQuestion(typed)});
     EXPECT_EQ(chooser_.getFileName(), "/data/run.keyframe");
@@ -186,7 +186,7 @@ TEST_F(FileNameChooserTest, ADotInAFolderNameCountsAsTheExtension) {
 
 TEST_F(FileNameChooserTest, CancelingTheHostDialogLeavesTheNameUnchanged) {
     chooser_.setFileName("mine.keyframe");
-    host().dialogs().queueFileCancel();
+    host().userDialogs().queueFileCancel();
     EXPECT_FALSE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     EXPECT_EQ(chooser_.getFileName(), "mine.keyframe");
     EXPECT_FALSE(chooser_.isChosen());
@@ -194,7 +194,7 @@ TEST_F(FileNameChooserTest, CancelingTheHostDialogLeavesTheNameUnchanged) {
 }
 
 TEST_F(FileNameChooserTest, AnEmptyNameFromTheHostIsTreatedAsAnyOtherName) {
-    host().dialogs().queueFileName("");
+    host().userDialogs().queueFileName("");
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_ReadSingleFile));
     EXPECT_EQ(chooser_.getFileName(), ".keyframe");
 }
@@ -207,8 +207,8 @@ TEST_F(FileNameChooserTest, SetFileNameTakesTheNameAsItStands) {
 
 TEST_F(FileNameChooserTest, ANonAsciiNameIsFoundForTheOverwriteQuestion) {
     const std::string existing = existingFile("\xC3\xA9t\xC3\xA9.keyframe");  // "été"
-    host().dialogs().queueFileName(existing);
-    host().dialogs().queueAnswer(true);
+    host().userDialogs().queueFileName(existing);
+    host().userDialogs().queueAnswer(true);
     EXPECT_TRUE(chooser_.chooseFileName(VexSelectFile_WriteFile));
     EXPECT_EQ(questions(), std::vector<std::string>{overwriteQuestion(existing)});
 }

@@ -49,11 +49,11 @@ protected:
         singleListId = VexGUIListAdd(dialogId, 2200, 100, 1500, 1400, false, nullptr, nullptr);
     }
 
-    const vexhost::GuiControl& list(int32_t id) const { return *host().gui().control(id); }
+    const vexhost::GuiControl& list(int32_t id) const { return *host().guiModel().control(id); }
     const vexhost::GuiControl& list() const { return list(listId); }
     // Selects lines as the add-on would not: directly in the host's model, as a user's click.
     void userSelects(std::vector<int32_t> lines) {
-        host().gui().control(listId)->selection = std::move(lines);
+        host().guiModel().control(listId)->selection = std::move(lines);
     }
     // The list calls in the log, leaving the log empty.
     std::vector<std::string> listCalls() {

@@ -40,7 +40,7 @@ protected:
         return false;
     }
     std::vector<vexhost::UserDialogs::MessageBox> messageBoxes() {
-        return host().dialogs().messageBoxes();
+        return host().userDialogs().messageBoxes();
     }
 };
 
@@ -104,7 +104,7 @@ TEST_F(MainDialogAnimateTest, AnimateAllToFileAsksForTheExportOptionsFirst) {
     EXPECT_EQ(host().exporter().counts().starts, 0u);
 
     TemporaryDirectory directory;
-    host().dialogs().queueFileName(directory.file("movie.mp4"));
+    host().userDialogs().queueFileName(directory.file("movie.mp4"));
     pressDialogButton("Export Options", GuiUser::DialogButton::Ok);
     EXPECT_FALSE(dialogNamed("Export Options").up);
     EXPECT_EQ(host().exporter().counts().starts, 1u);

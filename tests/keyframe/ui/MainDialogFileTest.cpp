@@ -29,7 +29,7 @@ protected:
         openMainDialog();
     }
     void saveAs(const std::string& name) {
-        host().dialogs().queueFileName(name);
+        host().userDialogs().queueFileName(name);
         chooseMenu(Title, {"File", "Save Animation File As..."});
     }
 
@@ -42,7 +42,7 @@ TEST_F(MainDialogFileTest, SaveAsWritesTheListAndTheChooserKeepsTheName) {
     saveAs(file);
     EXPECT_EQ(readFile(file + ".keyframe").rfind("#!KeyFrame", 0), 0u);
     EXPECT_EQ(dialog().getSettingsFileChooser().getFileName(), file + ".keyframe");
-    const auto& fileDialogs = host().dialogs().fileDialogs();
+    const auto& fileDialogs = host().userDialogs().fileDialogs();
     ASSERT_EQ(fileDialogs.size(), 1u);
     EXPECT_EQ(fileDialogs[0].mode, VexSelectFile_WriteFile);
     EXPECT_EQ(fileDialogs[0].defaultFileName, "animation.keyframe");
@@ -51,9 +51,9 @@ TEST_F(MainDialogFileTest, SaveAsWritesTheListAndTheChooserKeepsTheName) {
 
 TEST_F(MainDialogFileTest, SaveBeforeAnyChosenNameAsksLikeSaveAs) {
     appendKeyFrames(1);
-    host().dialogs().queueFileName(directory.file("first.keyframe"));
+    host().userDialogs().queueFileName(directory.file("first.keyframe"));
     chooseMenu(Title, {"File", "Save Animation File"});
-    EXPECT_EQ(host().dialogs().fileDialogs().size(), 1u);
+    EXPECT_EQ(host().userDialogs().fileDialogs().size(), 1u);
     EXPECT_FALSE(readFile(directory.file("first.keyframe")).empty());
 }
 
@@ -64,8 +64,8 @@ TEST_F(MainDialogFileTest, SaveWithAChosenNameSavesWithoutAsking) {
     pressMain("Append");
     // The file exists now; Save writes it again without the file dialog or the overwrite question.
     chooseMenu(Title, {"File", "Save Animation File"});
-    EXPECT_EQ(host().dialogs().fileDialogs().size(), 1u);
-    EXPECT_TRUE(host().dialogs().messageBoxes().empty());
+    EXPECT_EQ(host().userDialogs().fileDialogs().size(), 1u);
+    EXPECT_TRUE(host().userDialogs().messageBoxes().empty());
     EXPECT_NE(readFile(file).find("View 2"), std::string::npos);
 }
 
@@ -87,9 +87,9 @@ TEST_F(MainDialogFileTest, OpenReadsTheFileIntoTheListAndTheOptions) {
     chooseMenu(Title, {"Options", "Fade In"});
     EXPECT_FALSE(dialog().getSettings().FadeIn);
 
-    host().dialogs().queueFileName(file);
+    host().userDialogs().queueFileName(file);
     chooseMenu(Title, {"File", "Open Animation File..."});
-    EXPECT_EQ(host().dialogs().fileDialogs().back().mode, VexSelectFile_ReadSingleFile);
+    EXPECT_EQ(host().userDialogs().fileDialogs().back().mode, VexSelectFile_ReadSingleFile);
     EXPECT_EQ(listLines(), (Lines{"View 1", "Middle", "View 3"}));
     EXPECT_TRUE(dialog().getSettings().FadeIn);
     EXPECT_TRUE(user().findMenuEntry(dialogNamed(Title), {"Options", "Fade In"}).isOn);
@@ -100,7 +100,7 @@ TEST_F(MainDialogFileTest, OpeningABadFileShowsTheErrorAndKeepsTheList) {
     appendKeyFrames(2);
     const std::string file = directory.file("bad.keyframe");
     std::ofstream(file) << "not a key frame file\n";
-    host().dialogs().queueFileName(file);
+    host().userDialogs().queueFileName(file);
     chooseMenu(Title, {"File", "Open Animation File..."});
     ASSERT_EQ(errorMessages().size(), 1u);
     EXPECT_EQ(listLines(), (Lines{"View 1", "View 2"}));
@@ -108,9 +108,9 @@ TEST_F(MainDialogFileTest, OpeningABadFileShowsTheErrorAndKeepsTheList) {
 
 TEST_F(MainDialogFileTest, CancelingTheFileDialogDoesNothing) {
     appendKeyFrames(1);
-    host().dialogs().queueFileCancel();
+    host().userDialogs().queueFileCancel();
     chooseMenu(Title, {"File", "Open Animation File..."});
-    host().dialogs().queueFileCancel();
+    host().userDialogs().queueFileCancel();
     chooseMenu(Title, {"File", "Save Animation File As..."});
     EXPECT_EQ(dialog().getSettingsFileChooser().getFileName(), "animation.keyframe");
     EXPECT_TRUE(errorMessages().empty());
@@ -121,7 +121,7 @@ TEST_F(MainDialogFileTest, OpenAndSaveRecordTheirCommandsAndASaveIsReadBackOnRep
     host().macro().setRecording(true);
     const std::string file = directory.file("flight.keyframe");
     saveAs(file);
-    host().dialogs().queueFileName(file);
+    host().userDialogs().queueFileName(file);
     chooseMenu(Title, {"File", "Open Animation File..."});
     const std::string name = "FileName=" + file;
     EXPECT_EQ(host().macro().lines(),

@@ -119,7 +119,7 @@ TEST_F(MainDialogTest, ChoosingTheMenuItemTwiceCreatesTheDialogOnceAndLaunchesIt
     const std::vector<std::string> log = takeCallLog();
     EXPECT_TRUE(dialogNamed(Title).up);
     EXPECT_EQ(dialogNamed(Title).launchCount, 2u);
-    EXPECT_EQ(host().gui().dialogs().size(), 1u);
+    EXPECT_EQ(host().guiModel().dialogs().size(), 1u);
     for (const std::string& call : log) {
         EXPECT_EQ(call.find("VexGUIDialogCreate"), std::string::npos) << call;
         EXPECT_EQ(call.find("VexGUIMenuBarAdd"), std::string::npos) << call;
@@ -145,7 +145,7 @@ TEST_F(MainDialogTest, AnEmptyListShowsThePlaceholderWithOnlyAppendAndTheDestina
 TEST_F(MainDialogTest, HelpShowsTheKeyFramePageAndCloseDropsTheDialog) {
     openMainDialog();
     pressDialogButton(Title, vexhost::GuiUser::DialogButton::Help);
-    EXPECT_EQ(host().dialogs().helpPages(),
+    EXPECT_EQ(host().userDialogs().helpPages(),
               std::vector<std::string>{"addons.html#addons/working-with/keyframe"});
     startCallLog();
     pressDialogButton(Title, vexhost::GuiUser::DialogButton::Close);
@@ -162,7 +162,7 @@ TEST_F(MainDialogTest, WithoutA3DPlotTheMenuItemShowsTheErrorAndCreatesNoDialog)
     user().chooseHostMenuItem("Animate", "&Key Frame Animation...");
     EXPECT_EQ(errorMessages(),
               std::vector<std::string>{"Keyframe animation is only allowed with 3D plots."});
-    EXPECT_TRUE(host().gui().dialogs().empty());
+    EXPECT_TRUE(host().guiModel().dialogs().empty());
     EXPECT_EQ(lockDepth(), 0);
 }
 

@@ -29,7 +29,7 @@ protected:
                                             nullptr, nullptr, nullptr);
         menu = VexGUIOptionMenuAdd(dialog, 10, 10, 1000, 145, nullptr, nullptr);
     }
-    const vexhost::GuiControl& menuControl() const { return *host().gui().control(menu); }
+    const vexhost::GuiControl& menuControl() const { return *host().guiModel().control(menu); }
 
     int32_t dialog = VEXGUI_BAD_ID;
     int32_t menu = VEXGUI_BAD_ID;

@@ -16,7 +16,7 @@ using vextest::AddOnTest;
 
 class TextFieldValidatorTest : public AddOnTest {
 protected:
-    std::vector<std::string> errors() const { return host().dialogs().errorMessages(); }
+    std::vector<std::string> errors() const { return host().userDialogs().errorMessages(); }
 };
 
 struct IntCase {
@@ -113,7 +113,7 @@ TEST_F(TextFieldValidatorTest, ShowValueWritesTheAcceptedValueIntoTheField) {
     TextFieldValidator<double> validator(field, 30.0, true, 0.001, true, 200.0);
     ASSERT_TRUE(validator.validate("0.25"));
     validator.showValue();
-    EXPECT_EQ(host().gui().control(field)->text, "0.25");
+    EXPECT_EQ(host().guiModel().control(field)->text, "0.25");
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ const GuiControl& UiFixture::control(const std::string& title, const std::string
 }
 
 const GuiControl& UiFixture::controlById(int32_t id) const {
-    const GuiControl* control = host().gui().control(id);
+    const GuiControl* control = host().guiModel().control(id);
     if (control == nullptr)
         throw std::logic_error("UiFixture::controlById(): no control " + std::to_string(id));
     return *control;
@@ -84,7 +84,7 @@ int UiFixture::lockDepth() const {
 }
 
 std::vector<std::string> UiFixture::errorMessages() const {
-    return host().dialogs().errorMessages();
+    return host().userDialogs().errorMessages();
 }
 
 }  // namespace vextest

@@ -66,7 +66,7 @@ std::string describeId(const GuiModel& model, int32_t id) {
 }
 
 GuiDialog* requireDialog(const SdkCall& call, int32_t id) {
-    GuiModel& model = call.host().gui();
+    GuiModel& model = call.host().guiModel();
     GuiDialog* dialog = model.dialog(id);
     if (dialog == nullptr)
         call.error(model.control(id) != nullptr ? describeId(model, id) + ", not a dialog"
@@ -78,7 +78,7 @@ GuiDialog* requireDialog(const SdkCall& call, int32_t id) {
 // message ("a list").
 GuiControl* requireControl(const SdkCall& call, int32_t id, std::initializer_list<Kind> kinds,
                            const char* wanted) {
-    GuiModel& model = call.host().gui();
+    GuiModel& model = call.host().guiModel();
     GuiControl* control = model.control(id);
     if (control == nullptr) {
         call.error(model.dialog(id) != nullptr ? describeId(model, id) + ", not " + wanted
@@ -150,14 +150,14 @@ std::optional<GuiControl> placed(const SdkCall& call, int32_t dialogId, Kind kin
 }
 
 int32_t addControl(const SdkCall& call, GuiControl control) {
-    return call.host().gui().addControl(std::move(control)).id;
+    return call.host().guiModel().addControl(std::move(control)).id;
 }
 
 // A new dialog; the parent is VEXGUI_MAIN_DIALOG_PARENT or a dialog.
 std::optional<GuiDialog> newDialog(const SdkCall& call, bool modal, int32_t parentDialogId,
                                    int32_t width, int32_t height, const char* title) {
     if (parentDialogId != VEXGUI_MAIN_DIALOG_PARENT &&
-        call.host().gui().dialog(parentDialogId) == nullptr) {
+        call.host().guiModel().dialog(parentDialogId) == nullptr) {
         call.error("the parent " + number(parentDialogId) +
                    " is neither a dialog nor VEXGUI_MAIN_DIALOG_PARENT (-1)");
         return std::nullopt;
@@ -218,7 +218,7 @@ int32_t VexGUIDialogCreateModeless(int32_t parentDialogId, int32_t width, int32_
     dialog->close = close;
     dialog->help = help;
     dialog->clientData = clientData;
-    return call.host().gui().addDialog(std::move(*dialog)).id;
+    return call.host().guiModel().addDialog(std::move(*dialog)).id;
 }
 
 int32_t VexGUIDialogCreateModal(int32_t parentDialogId, int32_t width, int32_t height,
@@ -237,7 +237,7 @@ int32_t VexGUIDialogCreateModal(int32_t parentDialogId, int32_t width, int32_t h
     dialog->cancel = cancel;
     dialog->help = help;
     dialog->clientData = clientData;
-    return call.host().gui().addDialog(std::move(*dialog)).id;
+    return call.host().guiModel().addDialog(std::move(*dialog)).id;
 }
 
 void VexGUIDialogLaunch(int32_t dialogId) {
@@ -251,7 +251,7 @@ void VexGUIDialogLaunch(int32_t dialogId) {
         call.error("the modal dialog " + sdk::quoted(dialog->title) + " is up already");
         return;
     }
-    call.host().gui().launch(*dialog);
+    call.host().guiModel().launch(*dialog);
 }
 
 void VexGUIDialogDrop(int32_t dialogId) {
@@ -259,7 +259,7 @@ void VexGUIDialogDrop(int32_t dialogId) {
     // Dropping a dialog that is not up is allowed: an add-on drops its dialog when the host's
     // state no longer suits it, whether or not the user has it open.
     if (GuiDialog* dialog = sdk::requireDialog(call, dialogId))
-        call.host().gui().drop(*dialog);
+        call.host().guiModel().drop(*dialog);
 }
 
 bool VexGUIDialogIsUp(int32_t dialogId) {
@@ -379,7 +379,7 @@ char* VexGUITextFieldGetString(int32_t textFieldId) {
     const GuiControl* field =
         sdk::requireControl(call, textFieldId, {Kind::TextField, Kind::SpinTextField},
                             "a text field or a spin text field");
-    return field != nullptr ? call.host().memory().copyString(field->text) : nullptr;
+    return field != nullptr ? call.host().bookkeeping().copyString(field->text) : nullptr;
 }
 
 // ---- Lists --------------------------------------------------------------------------------------
@@ -463,7 +463,7 @@ void VexGUIListGetSelectedItems(int32_t listId, int32_t** selectedItems, int32_t
     const GuiControl* list = requireList(call, listId);
     if (list == nullptr || list->selection.empty())
         return;
-    void* array = call.host().memory().allocateArray(list->selection.size() * sizeof(int32_t));
+    void* array = call.host().bookkeeping().allocateArray(list->selection.size() * sizeof(int32_t));
     std::copy(list->selection.begin(), list->selection.end(), static_cast<int32_t*>(array));
     *selectedItems = static_cast<int32_t*>(array);
     *selectedCount = static_cast<int32_t>(list->selection.size());
@@ -578,7 +578,7 @@ int32_t VexGUIRadioBoxAdd(int32_t parentDialogId, int32_t x, int32_t y, int32_t 
         sdk::placed(call, parentDialogId, Kind::RadioBox, x, y, width, height);
     if (!box)
         return VEXGUI_BAD_ID;
-    const std::vector<std::string>* strings = call.host().memory().stringList(labels);
+    const std::vector<std::string>* strings = call.host().bookkeeping().stringList(labels);
     if (strings == nullptr) {
         call.error("the labels are not a host string list (VexUtilStringListAlloc)");
         return VEXGUI_BAD_ID;

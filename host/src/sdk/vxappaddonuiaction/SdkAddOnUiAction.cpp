@@ -28,11 +28,11 @@ bool VexUtilDialogGetFileName(VexSelectFileOption_e dialogOption, char** fileNam
         call.error("unknown file dialog mode " + std::to_string(dialogOption));
         return false;
     }
-    const std::optional<std::string> answer = call.host().dialogs().askFileName(
+    const std::optional<std::string> answer = call.host().userDialogs().askFileName(
         dialogOption, fileTypeName, defaultFileName, defaultFilter);
     if (!answer)
         return false;
-    *fileName = call.host().memory().copyString(*answer);
+    *fileName = call.host().bookkeeping().copyString(*answer);
     return *fileName != nullptr;
 }
 
@@ -42,6 +42,6 @@ bool VexUtilHelp(const char* helpPage) {
         call.error("the help page is missing");
         return false;
     }
-    call.host().dialogs().showHelp(helpPage);
+    call.host().userDialogs().showHelp(helpPage);
     return true;
 }

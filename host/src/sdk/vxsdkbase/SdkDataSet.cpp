@@ -46,7 +46,7 @@ bool VexUtilZoneGetEnabled(VexSet_pa* enabledZones) {
     std::vector<VexSetIndex_t> members;
     for (int32_t zone : dataSet.enabledZones())
         members.push_back(zone);
-    *enabledZones = call.host().memory().createSet(std::move(members));
+    *enabledZones = call.host().bookkeeping().createSet(std::move(members));
     return true;
 }
 
@@ -74,7 +74,7 @@ int32_t VexUtilZoneGetStrandID(int32_t zone) {
 
 VexSetIndex_t VexUtilSetGetNextMember(VexSet_pa set, VexSetIndex_t member) {
     SdkCall call("VexUtilSetGetNextMember", member);
-    const std::vector<VexSetIndex_t>* members = call.host().memory().setMembers(set);
+    const std::vector<VexSetIndex_t>* members = call.host().bookkeeping().setMembers(set);
     if (members == nullptr) {
         call.error("the set was not handed out by the host, or was freed");
         return VEX_SET_NO_MEMBER;
@@ -85,7 +85,7 @@ VexSetIndex_t VexUtilSetGetNextMember(VexSet_pa set, VexSetIndex_t member) {
 
 VexSetIndex_t VexUtilSetGetMemberCount(VexSet_pa set) {
     SdkCall call("VexUtilSetGetMemberCount");
-    const std::vector<VexSetIndex_t>* members = call.host().memory().setMembers(set);
+    const std::vector<VexSetIndex_t>* members = call.host().bookkeeping().setMembers(set);
     if (members == nullptr) {
         call.error("the set was not handed out by the host, or was freed");
         return 0;
@@ -101,7 +101,7 @@ void VexUtilSetDealloc(VexSet_pa* set) {
     }
     if (*set == nullptr)
         return;  // freeing nothing is allowed, as with free()
-    if (!call.host().memory().freeSet(*set)) {
+    if (!call.host().bookkeeping().freeSet(*set)) {
         call.error("the set was not handed out by the host, or was freed already");
         return;
     }

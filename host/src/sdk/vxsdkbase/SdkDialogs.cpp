@@ -11,7 +11,7 @@ void VexUtilDialogErrMsg(const char* message) {
         call.error("the message is missing");
         return;
     }
-    call.host().dialogs().showError(message);
+    call.host().userDialogs().showError(message);
 }
 
 bool VexUtilDialogMessageBox(const char* message, VexMessageBoxType_e boxType) {
@@ -24,5 +24,5 @@ bool VexUtilDialogMessageBox(const char* message, VexMessageBoxType_e boxType) {
         call.error("unknown message box type " + std::to_string(boxType));
         return false;
     }
-    return call.host().dialogs().showMessageBox(message, boxType);
+    return call.host().userDialogs().showMessageBox(message, boxType);
 }

@@ -3,6 +3,7 @@
 
 #include "sdk/SdkCall.h"
 
+using vexhost::sdk::FreedString;
 using vexhost::sdk::SdkCall;
 
 char* VexUtilStringAlloc(int32_t maxLength, const char* debugInfo) {
@@ -11,7 +12,7 @@ char* VexUtilStringAlloc(int32_t maxLength, const char* debugInfo) {
         call.error("the length " + std::to_string(maxLength) + " is negative");
         return nullptr;
     }
-    return call.host().memory().allocateString(static_cast<std::size_t>(maxLength));
+    return call.host().bookkeeping().allocateString(static_cast<std::size_t>(maxLength));
 }
 
 void VexUtilStringDealloc(char** string) {
@@ -20,17 +21,15 @@ void VexUtilStringDealloc(char** string) {
         call.error("no string was given");
         return;
     }
-    // Logged with its text only while it is a live host string: a foreign pointer is not read.
-    vexhost::Host& host = vexhost::Host::instance();
-    const bool known = *string != nullptr && host.memory().isString(*string);
-    SdkCall call("VexUtilStringDealloc", known ? *string : nullptr);
+    SdkCall call("VexUtilStringDealloc", FreedString{*string});
     if (*string == nullptr)
         return;  // freeing nothing is allowed, as with free()
-    if (!known) {
+    vexhost::Bookkeeping& memory = call.host().bookkeeping();
+    if (!memory.isString(*string)) {
         call.error("the string was not handed out by the host, or was freed already");
         return;
     }
-    host.memory().freeString(*string);
+    memory.freeString(*string);
     *string = nullptr;
 }
 
@@ -42,7 +41,7 @@ void VexUtilArrayDealloc(void** array) {
     }
     if (*array == nullptr)
         return;
-    if (!call.host().memory().freeArray(*array)) {
+    if (!call.host().bookkeeping().freeArray(*array)) {
         call.error("the array was not handed out by the host, or was freed already");
         return;
     }
@@ -51,13 +50,13 @@ void VexUtilArrayDealloc(void** array) {
 
 VexStringList_pa VexUtilStringListAlloc(void) {
     SdkCall call("VexUtilStringListAlloc");
-    return call.host().memory().createStringList();
+    return call.host().bookkeeping().createStringList();
 }
 
 namespace {
 
 std::vector<std::string>* requireList(const SdkCall& call, VexStringList_pa list) {
-    std::vector<std::string>* strings = call.host().memory().stringList(list);
+    std::vector<std::string>* strings = call.host().bookkeeping().stringList(list);
     if (strings == nullptr)
         call.error("the string list was not handed out by the host, or was freed");
     return strings;
@@ -94,7 +93,7 @@ char* VexUtilStringListGetString(VexStringList_pa list, int32_t position) {
                    std::to_string(strings->size()) + ")");
         return nullptr;
     }
-    return call.host().memory().copyString((*strings)[static_cast<std::size_t>(position - 1)]);
+    return call.host().bookkeeping().copyString((*strings)[static_cast<std::size_t>(position - 1)]);
 }
 
 void VexUtilStringListDealloc(VexStringList_pa* list) {
@@ -105,7 +104,7 @@ void VexUtilStringListDealloc(VexStringList_pa* list) {
     }
     if (*list == nullptr)
         return;
-    if (!call.host().memory().freeStringList(*list)) {
+    if (!call.host().bookkeeping().freeStringList(*list)) {
         call.error("the string list was not handed out by the host, or was freed already");
         return;
     }
