@@ -118,7 +118,8 @@ void BM_RunLoopOnScreen(benchmark::State& state) {
         keyFrames.push_back(keyFrame(60 + 0.001 * i, 30, 0, 8.66, 1));
     const AnimationSettings_s onScreen;
     for (auto _ : state) {
-        AnimationManager::animate(keyFrames, 0, keyFrames.size(), onScreen, 1);
+        AnimationManager::animate(keyFrames, 0, keyFrames.size(), onScreen,
+                                  AnimationManager::SuppressMacroRecording);
         state.PauseTiming();
         forgetProgress();
         state.ResumeTiming();

@@ -105,7 +105,8 @@ void BM_WholeRunOnScreen(benchmark::State& state) {
     for (auto _ : state) {
         vexhost::Host::instance().progress().reset();
         const double before = startPeak();
-        AnimationManager::animate(keyFrames, 0, keyFrames.size(), everyStage, 1);
+        AnimationManager::animate(keyFrames, 0, keyFrames.size(), everyStage,
+                                  AnimationManager::SuppressMacroRecording);
         added = statusBytes("VmHWM") - before;
     }
     state.counters["frames"] = static_cast<double>(frames + 1);
