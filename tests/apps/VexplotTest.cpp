@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "VexplotProcess.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/FrameTrace.h"
 #include "vexhost/Host.h"
+#include "vexhost/SceneState.h"
 
 namespace {
 

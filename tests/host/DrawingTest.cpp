@@ -6,6 +6,10 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Renderer.h"
 #include "vxsdkbase.h"
 

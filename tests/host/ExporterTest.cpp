@@ -7,6 +7,10 @@
 
 #include "support/HostTest.h"
 #include "support/SdkPrinters.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/MovieWriter.h"
 #include "vexhost/Renderer.h"
 #include "vxsdkbase.h"

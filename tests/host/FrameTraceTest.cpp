@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/FrameTrace.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 

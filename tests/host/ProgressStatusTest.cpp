@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/ProgressStatus.h"
 #include "vxsdkbase.h"
 
 namespace {

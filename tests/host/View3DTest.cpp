@@ -5,6 +5,9 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/StateNotifier.h"
 #include "vexhost/View3D.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"

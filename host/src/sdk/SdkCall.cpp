@@ -1,5 +1,9 @@
 #include "sdk/SdkCall.h"
 
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/FrameStack.h"
+
 namespace vexhost {
 namespace sdk {
 

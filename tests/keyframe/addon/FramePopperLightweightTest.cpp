@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
 
 namespace vexplot {
 namespace vexutiltools {

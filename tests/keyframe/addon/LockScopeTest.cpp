@@ -9,7 +9,9 @@
 
 #include "addon/AddOn.h"
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
 
 namespace vexplot {
 namespace vexutiltools {

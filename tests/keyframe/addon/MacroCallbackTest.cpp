@@ -7,6 +7,9 @@
 
 #include "addon/HostString.h"
 #include "support/AddOnTest.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/IdleQueue.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -8,7 +8,9 @@
 
 #include "addon/LockScope.h"
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
 
 namespace vexplot {
 namespace vexutiltools {

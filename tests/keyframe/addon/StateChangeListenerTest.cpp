@@ -8,7 +8,11 @@
 
 #include "addon/AddOn.h"
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -8,7 +8,11 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
 
 namespace vexplot {
 namespace vexutiltools {

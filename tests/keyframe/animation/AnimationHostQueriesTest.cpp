@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "AnimationTest.h"
+#include "vexhost/DataSet.h"
 #include "vexhost/Host.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

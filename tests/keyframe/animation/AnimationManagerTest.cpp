@@ -10,7 +10,13 @@
 #include "AnimationTest.h"
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

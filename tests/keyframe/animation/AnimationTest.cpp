@@ -7,7 +7,13 @@
 
 #include "addon/KeyFrameError.h"
 #include "animation/AnimationManager.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/View3D.h"
 
 namespace vextest {
 

@@ -14,7 +14,11 @@
 #include "addon/LockScope.h"
 #include "animation/AnimationManager.h"
 #include "animation/AnimatorOnScreen.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
 
 namespace vexplot {
 namespace vexutiltools {

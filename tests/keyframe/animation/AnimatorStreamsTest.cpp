@@ -10,6 +10,8 @@
 #include "addon/LockScope.h"
 #include "animation/AnimatorOnScreen.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -12,7 +12,11 @@
 #include "addon/LockScope.h"
 #include "animation/AnimationManager.h"
 #include "animation/AnimatorOnScreen.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/View3D.h"
 
 namespace vexplot {
 namespace vexutiltools {

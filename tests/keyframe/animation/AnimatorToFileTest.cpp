@@ -9,7 +9,10 @@
 #include "AnimationTest.h"
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

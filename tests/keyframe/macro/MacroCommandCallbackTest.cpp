@@ -12,6 +12,7 @@
 #include "addon/KeyFrameError.h"
 #include "macro/MacroCommandManager.h"
 #include "support/AddOnTest.h"
+#include "vexhost/Bookkeeping.h"
 
 namespace vexplot {
 namespace vexutiltools {

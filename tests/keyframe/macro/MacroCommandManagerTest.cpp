@@ -10,7 +10,9 @@
 #include "addon/KeyFrameError.h"
 #include "macro/AddOnMacroCommandManager.h"
 #include "support/AddOnTest.h"
+#include "vexhost/AddOnRegistry.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -6,7 +6,12 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/Zone.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -6,6 +6,8 @@
 
 #include "model/ListModelKeyFrame.h"
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/DataSet.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {

@@ -8,7 +8,13 @@
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
 #include "support/AddOnTest.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/View3D.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -4,6 +4,9 @@
 
 #include "UiTest.h"
 #include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/IdleQueue.h"
 
 namespace vextest {
 namespace {

@@ -7,6 +7,8 @@
 
 #include "model/ListModelObserverInterface.h"
 #include "support/AddOnTest.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/LockState.h"
 
 namespace {
 

@@ -8,6 +8,7 @@
 
 #include "UiTest.h"
 #include "vexhost/GuiError.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

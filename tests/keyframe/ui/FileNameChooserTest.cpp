@@ -8,6 +8,7 @@
 
 #include "support/AddOnTest.h"
 #include "support/TemporaryDirectory.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace vexutiltools {

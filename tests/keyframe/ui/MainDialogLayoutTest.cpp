@@ -6,7 +6,10 @@
 #include <vector>
 
 #include "UiTest.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/GuiDump.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {
