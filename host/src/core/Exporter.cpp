@@ -7,8 +7,14 @@
 #include <stdexcept>
 
 #include "core/NullMovieWriter.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/FrameTrace.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
 #include "vexhost/MovieWriterFactory.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexhost {
 

@@ -6,8 +6,12 @@
 #include <limits>
 #include <stdexcept>
 
+#include "vexhost/Bookkeeping.h"
 #include "vexhost/ExportSettings.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/StateNotifier.h"
 
 namespace vexhost {
 

@@ -8,7 +8,9 @@
 
 #include "core/Text.h"
 #include "script/MacroText.h"
+#include "vexhost/AddOnRegistry.h"
 #include "vexhost/GuiError.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/Host.h"
 
 namespace vexhost {

@@ -1,6 +1,8 @@
 // Export setup and the export state machine.
 #include "sdk/SdkCall.h"
 
+#include "vexhost/Exporter.h"
+
 using vexhost::FaultPlan;
 using vexhost::sdk::SdkCall;
 using vexhost::sdk::StringInInteger;

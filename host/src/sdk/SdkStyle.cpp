@@ -2,6 +2,8 @@
 // the call log is off.
 #include "sdk/SdkCall.h"
 
+#include "vexhost/StyleStore.h"
+
 using vexhost::FaultPlan;
 using vexhost::sdk::SdkCall;
 using vexhost::sdk::StyleArgs;
