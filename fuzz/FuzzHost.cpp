@@ -8,7 +8,21 @@
 #include "addon/ResetAddOnState.h"
 #include "support/KeyFrameData.h"
 #include "ui/DialogMain.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/IdleQueue.h"
+#include "vexhost/LockState.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/Zone.h"
 
 using namespace vexplot::vexutiltools;
 

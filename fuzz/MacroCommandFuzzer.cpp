@@ -15,7 +15,10 @@
 #include "FuzzSupport.h"
 #include "addon/AddOn.h"
 #include "ui/DialogMain.h"
+#include "vexhost/AddOnRegistry.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/IdleQueue.h"
 
 using namespace vexplot::vexutiltools;
 

@@ -20,8 +20,12 @@
 #include "FuzzHost.h"
 #include "FuzzSupport.h"
 #include "SnapshotCommand.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/GuiScript.h"
+#include "vexhost/GuiUser.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/IdleQueue.h"
 #include "vexhost/MacroFileRunner.h"
 
 namespace {

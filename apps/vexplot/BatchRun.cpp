@@ -8,10 +8,20 @@
 #include "DemoScene.h"
 #include "LazyRenderer.h"
 #include "SnapshotCommand.h"
+#include "vexhost/Drawing.h"
 #include "vexhost/EglRenderer.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/FrameTrace.h"
 #include "vexhost/GuiScript.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/IdleQueue.h"
 #include "vexhost/MacroFileRunner.h"
+#include "vexhost/MacroRecorder.h"
 #include "vexhost/MovieWriterFactory.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace app {

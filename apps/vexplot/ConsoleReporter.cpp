@@ -1,5 +1,9 @@
 #include "ConsoleReporter.h"
 
+#include "vexhost/Exporter.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/UserDialogs.h"
+
 namespace vexplot {
 namespace app {
 

@@ -14,6 +14,8 @@
 
 #include "vexhost/Host.h"
 #include "vexhost/MacroFileRunner.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace app {

@@ -1,5 +1,11 @@
 #include "DemoScene.h"
 
+#include "vexhost/DataSet.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/Zone.h"
+
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>

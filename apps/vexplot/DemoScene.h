@@ -5,6 +5,7 @@
 #define VEXPLOT_APP_DEMOSCENE_H
 
 #include "vexhost/DemoDataSet.h"
+#include "vexhost/Frame.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "vexhost/Drawing.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/MacroError.h"
 #include "vexhost/PngWriter.h"
 

@@ -22,7 +22,9 @@
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
 #include "support/BenchKeyFrames.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
 
 // ---- Heap accounting: every allocation of the program passes through here ----
 

@@ -35,10 +35,15 @@
 #include "support/RenderingBenchMain.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/AddOnLibrary.h"
+#include "vexhost/Drawing.h"
 #include "vexhost/EglRenderer.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
 #include "vexhost/MacroFileRunner.h"
 #include "vexhost/MovieWriterFactory.h"
+#include "vexhost/ProgressStatus.h"
 
 namespace {
 

@@ -20,7 +20,12 @@
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
 #include "support/BenchKeyFrames.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/Zone.h"
 
 namespace {
 

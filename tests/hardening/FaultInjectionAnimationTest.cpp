@@ -5,6 +5,9 @@
 #include "FaultInjectionFixture.h"
 #include "HardeningScene.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

@@ -9,6 +9,7 @@
 #include "HardeningScene.h"
 #include "vexhost/GuiUser.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
 
 namespace vextest {
 namespace {

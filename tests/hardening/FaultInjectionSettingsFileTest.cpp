@@ -13,6 +13,8 @@
 #include "model/ListModelKeyFrame.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

@@ -9,9 +9,19 @@
 #include "addon/StateChangeListener.h"
 #include "model/ListModelObserverInterface.h"
 #include "ui/DialogMain.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/GuiError.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/GuiUser.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/IdleQueue.h"
+#include "vexhost/LockState.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 

@@ -4,7 +4,12 @@
 
 #include "addon/AddOn.h"
 #include "ui/DialogMain.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/IdleQueue.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/Zone.h"
 
 namespace vextest {
 namespace scene {

@@ -11,6 +11,7 @@
 #include "support/AddOnTest.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
+#include "vexhost/Drawing.h"
 #include "vexhost/GuiScript.h"
 #include "vexhost/Host.h"
 #include "vexhost/MacroFileRunner.h"

@@ -17,7 +17,9 @@
 #include "support/AddOnTest.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
+#include "vexhost/Drawing.h"
 #include "vexhost/Host.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

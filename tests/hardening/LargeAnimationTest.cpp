@@ -12,7 +12,11 @@
 #include "model/KeyFrame_s.h"
 #include "support/AddOnTest.h"
 #include "ui/DialogMain.h"
+#include "vexhost/Drawing.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vextest {
 namespace {

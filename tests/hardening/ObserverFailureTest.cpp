@@ -11,7 +11,9 @@
 #include "support/AddOnTest.h"
 #include "support/FailingListObserver.h"
 #include "ui/DialogMain.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/Host.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

@@ -1,6 +1,17 @@
 #include "support/HostTest.h"
 
 #include "addon/ResetAddOnState.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/LockState.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/Zone.h"
 
 namespace vextest {
 

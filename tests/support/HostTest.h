@@ -22,6 +22,11 @@
 #include <vector>
 
 #include "vexhost/Host.h"
+#include "vxsdkbase.h"
+
+namespace vexhost {
+class Frame;
+}
 
 namespace vextest {
 

@@ -11,6 +11,7 @@
 #include "vexhost/Drawing.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/FrameTrace.h"
+#include "vexhost/Host.h"
 #include "vexhost/HostErrors.h"
 #include "vexhost/MovieWriterFactory.h"
 #include "vexhost/StyleStore.h"

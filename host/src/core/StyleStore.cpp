@@ -5,8 +5,11 @@
 #include "core/StyleDefinition.h"
 #include "core/StyleValue.h"
 #include "vexhost/Bookkeeping.h"
+#include "vexhost/ExportSettings.h"
 #include "vexhost/FrameStack.h"
+#include "vexhost/Host.h"
 #include "vexhost/HostErrors.h"
+#include "vexhost/StateNotifier.h"
 
 namespace vexhost {
 

@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <ostream>
 
+#include "core/Text.h"
 #include "gui/GuiFinder.h"
 #include "gui/GuiWording.h"
 #include "gui/TieredMatch.h"
+#include "script/MacroText.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/GuiError.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/Host.h"
 
 namespace vexhost {

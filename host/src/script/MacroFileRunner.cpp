@@ -9,8 +9,22 @@
 
 #include "script/BuiltInCommands.h"
 #include "script/MacroText.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/GuiModel.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/IdleQueue.h"
+#include "vexhost/LockState.h"
 #include "vexhost/MacroError.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/Zone.h"
 
 namespace vexhost {
 

@@ -1,6 +1,9 @@
 #include "sdk/SdkCall.h"
 
 #include "sdk/StyleArgList.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/FrameStack.h"
 
 namespace vexhost {
 namespace sdk {

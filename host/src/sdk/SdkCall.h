@@ -17,10 +17,17 @@
 #include <type_traits>
 
 #include "core/Text.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/FaultPlan.h"
 #include "vexhost/Host.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/LockState.h"
 #include "vxsdkbase.h"
 
 namespace vexhost {
+
+class Frame;
+
 namespace sdk {
 
 // An add-on handle, logged as its registered name in double quotes.

@@ -6,10 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "VexplotProcess.h"
 #include "support/ExportLogLines.h"
 #include "support/TraceLines.h"
 #include "support/VexplotProcess.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/FrameTrace.h"
 #include "vexhost/Host.h"
+#include "vexhost/SceneState.h"
 
 namespace {
 

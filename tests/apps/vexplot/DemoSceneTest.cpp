@@ -9,6 +9,11 @@
 #include <string>
 
 #include "support/HostTest.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Frame.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/View3D.h"
 
 namespace {
 

@@ -15,8 +15,12 @@
 #include "support/HostTest.h"
 #include "support/RecordingRenderer.h"
 #include "support/TemporaryDirectory.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/Image.h"
 #include "vexhost/MacroError.h"
 #include "vexhost/MacroFileRunner.h"
+#include "vexhost/MacroRecorder.h"
 
 namespace {
 

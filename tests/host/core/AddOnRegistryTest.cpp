@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Bookkeeping.h"
 #include "vxappaddonuiaction.h"
 #include "vxsdkbase.h"
 

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/HostErrors.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 

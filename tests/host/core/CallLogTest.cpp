@@ -5,6 +5,13 @@
 
 #include "support/CallLogLines.h"
 #include "support/HostTest.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/UserDialogs.h"
 #include "vxappaddonuiaction.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"

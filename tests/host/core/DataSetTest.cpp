@@ -7,6 +7,11 @@
 
 #include "support/HostTest.h"
 #include "support/SdkPrinters.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/Streamtrace.h"
+#include "vexhost/Zone.h"
+#include "vexhost/ZoneGeometry.h"
 #include "vxsdkbase.h"
 
 namespace {

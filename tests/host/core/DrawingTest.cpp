@@ -6,8 +6,13 @@
 #include <vector>
 
 #include "support/FailingRenderer.h"
+#include "support/HostTest.h"
 #include "support/RecordingRenderer.h"
 #include "support/RegisteredAddOnFixture.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Renderer.h"
 #include "vxsdkbase.h"
 

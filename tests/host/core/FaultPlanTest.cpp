@@ -8,7 +8,13 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/UserDialogs.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 

@@ -5,6 +5,9 @@
 
 #include "support/RegisteredAddOnFixture.h"
 #include "support/SdkPrinters.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/StateNotifier.h"
 #include "vxsdkbase.h"
 
 namespace {

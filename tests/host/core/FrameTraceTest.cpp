@@ -9,6 +9,7 @@
 #include "support/HostTest.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TraceLines.h"
+#include "vexhost/FrameTrace.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 

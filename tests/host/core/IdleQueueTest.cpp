@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/IdleQueue.h"
 #include "vxsdkbase.h"
 
 namespace {

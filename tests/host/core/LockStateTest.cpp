@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/LockState.h"
 #include "vxappaddonuiaction.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"

@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "support/HostTest.h"
 #include "support/RegisteredAddOnFixture.h"
+#include "vexhost/MacroRecorder.h"
 #include "vxsdkbase.h"
 
 namespace {

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "support/HostTest.h"
 #include "support/RegisteredAddOnFixture.h"
+#include "vexhost/ProgressStatus.h"
 #include "vxsdkbase.h"
 
 namespace {

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/StateNotifier.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 

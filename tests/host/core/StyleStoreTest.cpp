@@ -7,6 +7,10 @@
 
 #include "support/RegisteredAddOnFixture.h"
 #include "support/SdkPrinters.h"
+#include "vexhost/Frame.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/View3D.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 

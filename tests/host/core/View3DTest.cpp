@@ -4,7 +4,11 @@
 #include <cmath>
 #include <vector>
 
+#include "support/HostTest.h"
 #include "support/RegisteredAddOnFixture.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/StateNotifier.h"
 #include "vexhost/View3D.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"

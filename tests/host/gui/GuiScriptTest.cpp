@@ -10,8 +10,10 @@
 
 #include "GuiFixture.h"
 #include "vexhost/GuiScript.h"
+#include "vexhost/LockState.h"
 #include "vexhost/MacroError.h"
 #include "vexhost/MacroFileRunner.h"
+#include "vexhost/MacroRecorder.h"
 #include "vxappaddonuiaction.h"
 #include "vxtoolbox/StringList.h"
 

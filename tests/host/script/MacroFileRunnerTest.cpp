@@ -9,8 +9,21 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/ExportSettings.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/HostErrors.h"
+#include "vexhost/IdleQueue.h"
 #include "vexhost/MacroError.h"
 #include "vexhost/MacroFileRunner.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/UserDialogs.h"
+#include "vexhost/View3D.h"
 #include "vxappaddonuiaction.h"
 
 namespace {

@@ -8,7 +8,11 @@
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
 #include "ui/DialogMain.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace vexutiltools {

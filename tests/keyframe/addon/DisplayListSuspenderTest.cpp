@@ -7,6 +7,7 @@
 #include "addon/LockScope.h"
 #include "support/AddOnTest.h"
 #include "vexhost/Host.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

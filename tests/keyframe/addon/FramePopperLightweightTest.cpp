@@ -7,8 +7,12 @@
 #include <vector>
 
 #include "ThreeFramesFixture.h"
+#include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -9,7 +9,11 @@
 #include "addon/HostSet.h"
 #include "addon/HostString.h"
 #include "support/AddOnTest.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/Zone.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -8,7 +8,10 @@
 #include "addon/AddOn.h"
 #include "support/CallLogLines.h"
 #include "support/HostTest.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -10,7 +10,9 @@
 #include "addon/AddOn.h"
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
 
 namespace vexplot {
 namespace vexutiltools {

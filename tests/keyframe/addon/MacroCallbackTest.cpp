@@ -8,6 +8,9 @@
 #include "addon/HostString.h"
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {

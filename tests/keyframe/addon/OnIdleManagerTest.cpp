@@ -8,7 +8,9 @@
 
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/IdleQueue.h"
 
 namespace vexplot {
 namespace vexutiltools {

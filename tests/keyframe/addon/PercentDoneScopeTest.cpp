@@ -9,7 +9,9 @@
 #include "addon/LockScope.h"
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -11,7 +11,10 @@
 #include <vector>
 
 #include "support/HostTest.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/UserDialogs.h"
 
 namespace {
 

@@ -9,7 +9,11 @@
 #include "addon/AddOn.h"
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -9,7 +9,13 @@
 #include "animation/AnimationManager.h"
 #include "support/CallLogLines.h"
 #include "support/KeyFrameData.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/View3D.h"
 
 namespace vextest {
 

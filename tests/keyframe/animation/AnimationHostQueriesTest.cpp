@@ -6,8 +6,11 @@
 #include <vector>
 
 #include "AnimationFixture.h"
+#include "AnimationTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/DataSet.h"
 #include "vexhost/Host.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

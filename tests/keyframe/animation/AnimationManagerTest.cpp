@@ -11,7 +11,13 @@
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
 #include "support/CallLogLines.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

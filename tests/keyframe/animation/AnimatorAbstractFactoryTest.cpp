@@ -17,6 +17,8 @@
 #include "animation/AnimatorTime.h"
 #include "animation/AnimatorToFile.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

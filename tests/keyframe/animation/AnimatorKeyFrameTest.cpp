@@ -15,7 +15,11 @@
 #include "animation/AnimationManager.h"
 #include "animation/AnimatorOnScreen.h"
 #include "support/CallLogLines.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -11,6 +11,8 @@
 #include "animation/AnimatorOnScreen.h"
 #include "support/CallLogLines.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -13,7 +13,11 @@
 #include "animation/AnimationManager.h"
 #include "animation/AnimatorOnScreen.h"
 #include "support/CallLogLines.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/View3D.h"
 
 namespace vexplot {
 namespace vexutiltools {

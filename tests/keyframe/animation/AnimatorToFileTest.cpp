@@ -10,7 +10,10 @@
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
 #include "support/CallLogLines.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/Host.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/StyleStore.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -17,7 +17,12 @@
 #include "support/AddOnTest.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/ProgressStatus.h"
 
 namespace vexplot {
 namespace vexutiltools {

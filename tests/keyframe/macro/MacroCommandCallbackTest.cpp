@@ -13,6 +13,7 @@
 #include "macro/MacroCommandManager.h"
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/Bookkeeping.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -11,7 +11,9 @@
 #include "macro/AddOnMacroCommandManager.h"
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/AddOnRegistry.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroRecorder.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -9,6 +9,7 @@
 #include "support/AddOnTest.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
+#include "vexhost/MacroRecorder.h"
 
 namespace vexplot {
 namespace vexutiltools {

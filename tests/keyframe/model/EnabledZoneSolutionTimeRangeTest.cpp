@@ -7,7 +7,12 @@
 
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/Zone.h"
 
 namespace vexplot {
 namespace vexutiltools {

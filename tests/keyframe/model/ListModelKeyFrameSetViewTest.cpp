@@ -7,6 +7,8 @@
 #include "model/ListModelKeyFrame.h"
 #include "support/AddOnTest.h"
 #include "support/RecordingListObserver.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/DataSet.h"
 #include "vexhost/Host.h"
 
 namespace vexplot {

@@ -9,7 +9,13 @@
 #include "addon/LockScope.h"
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/CallLog.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/StyleStore.h"
+#include "vexhost/View3D.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -5,6 +5,9 @@
 #include "MainDialogFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/IdleQueue.h"
 
 namespace vextest {
 namespace {

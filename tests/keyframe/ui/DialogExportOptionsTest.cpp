@@ -10,7 +10,12 @@
 #include "addon/AddOn.h"
 #include "support/CallLogLines.h"
 #include "support/TemporaryDirectory.h"
+#include "vexhost/ExportSettings.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

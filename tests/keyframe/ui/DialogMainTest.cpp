@@ -7,6 +7,8 @@
 
 #include "support/AddOnTest.h"
 #include "support/RecordingListObserver.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/LockState.h"
 
 namespace {
 

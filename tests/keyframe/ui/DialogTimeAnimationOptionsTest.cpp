@@ -8,6 +8,7 @@
 
 #include "MainDialogFixture.h"
 #include "vexhost/GuiError.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

@@ -9,6 +9,7 @@
 #include "support/AddOnTest.h"
 #include "support/CallLogLines.h"
 #include "support/TemporaryDirectory.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace vexutiltools {

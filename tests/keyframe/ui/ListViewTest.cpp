@@ -11,6 +11,8 @@
 #include "ui/ListSelectionModelObserverInterface.h"
 #include "ui/ListSingleSelectionModel.h"
 #include "vexgui.h"
+#include "vexhost/GuiControl.h"
+#include "vexhost/GuiModel.h"
 
 namespace vexplot {
 namespace vexutiltools {

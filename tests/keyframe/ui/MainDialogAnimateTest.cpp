@@ -7,7 +7,13 @@
 
 #include "MainDialogFixture.h"
 #include "support/TemporaryDirectory.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/Exporter.h"
 #include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/ProgressStatus.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

@@ -7,7 +7,10 @@
 
 #include "MainDialogFixture.h"
 #include "model/ViewOperations.h"
+#include "vexhost/DataSet.h"
 #include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/IdleQueue.h"
 
 namespace vextest {
 namespace {

@@ -9,6 +9,9 @@
 
 #include "MainDialogFixture.h"
 #include "support/TemporaryDirectory.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

@@ -6,8 +6,12 @@
 #include <vector>
 
 #include "MainDialogFixture.h"
+#include "UiTest.h"
 #include "support/CallLogLines.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/GuiDump.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 namespace {

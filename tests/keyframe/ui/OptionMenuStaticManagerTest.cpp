@@ -11,6 +11,8 @@
 #include "support/AddOnTest.h"
 #include "ui/ExportFormat_e.h"
 #include "ui/ListModelPreMapped.h"
+#include "vexhost/GuiControl.h"
+#include "vexhost/GuiModel.h"
 
 namespace vexplot {
 namespace vexutiltools {

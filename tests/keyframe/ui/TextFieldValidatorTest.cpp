@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "support/AddOnTest.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -1,6 +1,11 @@
 #include "UiFixture.h"
 
 #include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/IdleQueue.h"
+#include "vexhost/LockState.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vextest {
 

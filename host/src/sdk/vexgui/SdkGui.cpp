@@ -13,6 +13,7 @@
 
 #include "sdk/SdkCall.h"
 #include "vexgui.h"
+#include "vexhost/Bookkeeping.h"
 #include "vexhost/GuiModel.h"
 
 namespace vexhost {

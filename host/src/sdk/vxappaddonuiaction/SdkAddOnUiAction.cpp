@@ -4,6 +4,9 @@
 #include <string>
 
 #include "sdk/SdkCall.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/UserDialogs.h"
 #include "vxappaddonuiaction.h"
 
 using vexhost::sdk::SdkCall;

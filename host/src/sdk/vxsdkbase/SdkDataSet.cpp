@@ -4,6 +4,9 @@
 #include <string>
 
 #include "sdk/SdkCall.h"
+#include "vexhost/Bookkeeping.h"
+#include "vexhost/DataSet.h"
+#include "vexhost/StateNotifier.h"
 
 using vexhost::sdk::SdkCall;
 

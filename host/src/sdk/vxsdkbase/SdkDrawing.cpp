@@ -1,6 +1,8 @@
 // Drawing suspension and redraw.
 #include "sdk/SdkCall.h"
 
+#include "vexhost/Drawing.h"
+
 using vexhost::sdk::SdkCall;
 
 void VexUtilDrawGraphics(bool doDrawing) {

@@ -2,6 +2,8 @@
 #include <string>
 
 #include "sdk/SdkCall.h"
+#include "vexhost/IdleQueue.h"
+#include "vexhost/StateNotifier.h"
 
 using vexhost::sdk::SdkCall;
 

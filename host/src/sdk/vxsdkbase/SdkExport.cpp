@@ -2,6 +2,8 @@
 #include "core/ExportSetupAttribute.h"
 #include "sdk/SdkCall.h"
 
+#include "vexhost/Exporter.h"
+
 using vexhost::FaultPlan;
 using vexhost::sdk::SdkCall;
 using vexhost::sdk::StringInInteger;

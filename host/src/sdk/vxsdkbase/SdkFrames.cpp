@@ -3,6 +3,9 @@
 #include <string>
 
 #include "sdk/SdkCall.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/StateNotifier.h"
 
 using vexhost::Frame;
 using vexhost::FrameStack;

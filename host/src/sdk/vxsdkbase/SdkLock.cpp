@@ -1,6 +1,8 @@
 // Locking and registration.
 #include "sdk/SdkCall.h"
 
+#include "vexhost/AddOnRegistry.h"
+
 using vexhost::sdk::AddOnArg;
 using vexhost::sdk::SdkCall;
 

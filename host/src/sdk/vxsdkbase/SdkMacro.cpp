@@ -1,6 +1,9 @@
 // Macro command callbacks and recording.
 #include "sdk/SdkCall.h"
 
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/MacroRecorder.h"
+
 using vexhost::sdk::SdkCall;
 
 bool VexUtilMacroAddCommandCallback(const char* addOnName, VexMacroCommandCallback_pf callback) {

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "sdk/SdkCall.h"
+#include "vexhost/Bookkeeping.h"
 
 using vexhost::sdk::FreedString;
 using vexhost::sdk::SdkCall;

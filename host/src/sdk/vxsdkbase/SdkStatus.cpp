@@ -1,6 +1,8 @@
 // The percent-done status.
 #include "sdk/SdkCall.h"
 
+#include "vexhost/ProgressStatus.h"
+
 using vexhost::FaultPlan;
 using vexhost::sdk::SdkCall;
 
