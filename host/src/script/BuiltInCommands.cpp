@@ -41,6 +41,15 @@ std::string wordCount(std::size_t count) {
     return count == 1 ? "1 word" : std::to_string(count) + " words";
 }
 
+// The words of the arguments, when there are `count` of them; else "<needs>; found <n> words."
+std::vector<std::string> wordsOf(const std::string& arguments, std::size_t count,
+                                 const std::string& needs) {
+    std::vector<std::string> words = splitWords(arguments);
+    if (words.size() != count)
+        fail(needs + "; found " + wordCount(words.size()) + ".");
+    return words;
+}
+
 double numberArgument(const char* command, const std::string& word) {
     const std::optional<double> value = parseNumber(word);
     if (!value)
@@ -236,10 +245,8 @@ void set(StyleStore& style, FrameStack& frames, StateNotifier& stateChanges,
 }
 
 void view(FrameStack& frames, StateNotifier& stateChanges, const std::string& arguments) {
-    const std::vector<std::string> words = splitWords(arguments);
-    if (words.size() != 7)
-        fail("$!VIEW needs 7 numbers (x y z psi theta alpha width); found " +
-             wordCount(words.size()) + ".");
+    const std::vector<std::string> words =
+        wordsOf(arguments, 7, "$!VIEW needs 7 numbers (x y z psi theta alpha width)");
     double values[7];
     for (std::size_t i = 0; i < 7; ++i)
         values[i] = numberArgument("$!VIEW", words[i]);
@@ -259,10 +266,8 @@ void view(FrameStack& frames, StateNotifier& stateChanges, const std::string& ar
 }
 
 void solutionTime(DataSet& dataSet, StateNotifier& stateChanges, const std::string& arguments) {
-    const std::vector<std::string> words = splitWords(arguments);
-    if (words.size() != 1)
-        fail("$!SOLUTIONTIME needs one number, the solution time; found " +
-             wordCount(words.size()) + ".");
+    const std::vector<std::string> words =
+        wordsOf(arguments, 1, "$!SOLUTIONTIME needs one number, the solution time");
     dataSet.setSolutionTime(numberArgument("$!SOLUTIONTIME", words[0]));
     stateChanges.send(VexStateChange_SolutionTime);
 }
@@ -293,10 +298,8 @@ void deleteFrames(FrameStack& frames, const std::string& arguments) {
 }
 
 void zone(DataSet& dataSet, const std::string& arguments) {
-    const std::vector<std::string> words = splitWords(arguments);
-    if (words.size() != 2)
-        fail("$!ZONE needs the solution time and the strand id; found " + wordCount(words.size()) +
-             ".");
+    const std::vector<std::string> words =
+        wordsOf(arguments, 2, "$!ZONE needs the solution time and the strand id");
     const double time = numberArgument("$!ZONE", words[0]);
     const std::optional<int64_t> strand =
         parseWholeNumber(words[1], 0, std::numeric_limits<int32_t>::max());
