@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "VexplotProcess.h"
 #include "support/ExportLogLines.h"
 #include "support/TraceLines.h"
 #include "support/VexplotProcess.h"

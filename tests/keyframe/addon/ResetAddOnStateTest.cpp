@@ -7,6 +7,10 @@
 #include "support/AddOnTest.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Host.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/IdleQueue.h"
+#include "vexhost/LockState.h"
 
 namespace vexplot {
 namespace vexutiltools {

@@ -8,6 +8,7 @@
 
 #include "support/AddOnTest.h"
 #include "vexhost/Host.h"
+#include "vexhost/FrameStack.h"
 
 namespace vextest {
 

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "AnimationFixture.h"
-#include "AnimationTest.h"
 #include "support/CallLogLines.h"
 #include "vexhost/DataSet.h"
 #include "vexhost/Host.h"

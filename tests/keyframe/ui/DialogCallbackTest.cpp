@@ -11,6 +11,8 @@
 #include "support/AddOnTest.h"
 #include "vexgui.h"
 #include "vexhost/Host.h"
+#include "vexhost/LockState.h"
+#include "vexhost/UserDialogs.h"
 
 namespace vexplot {
 namespace vexutiltools {

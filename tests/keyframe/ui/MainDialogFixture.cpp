@@ -1,6 +1,7 @@
 #include "MainDialogFixture.h"
 
 #include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
 
 namespace vextest {
 

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "MainDialogFixture.h"
-#include "UiTest.h"
 #include "support/CallLogLines.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/GuiDump.h"

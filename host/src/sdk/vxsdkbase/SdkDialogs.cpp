@@ -2,6 +2,7 @@
 #include <string>
 
 #include "sdk/SdkCall.h"
+#include "vexhost/UserDialogs.h"
 
 using vexhost::sdk::SdkCall;
 

@@ -2,6 +2,8 @@
 // the call log is off.
 #include "sdk/SdkCall.h"
 #include "sdk/StyleArgList.h"
+#include "vexhost/StateNotifier.h"
+#include "vexhost/StyleStore.h"
 
 using vexhost::FaultPlan;
 using vexhost::sdk::SdkCall;
