@@ -10,15 +10,15 @@
 #include <string>
 
 #include "FaultInjector.h"
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 
 namespace vextest {
 
-class FaultInjectionFixture : public HostTest {
+class FaultInjectionFixture : public HostFixture {
 protected:
     void TearDown() override {
         injector_.tearDown();
-        HostTest::TearDown();
+        HostFixture::TearDown();
     }
 
     // Runs the scenario under every fault and expects every rule kept (an action that passes no

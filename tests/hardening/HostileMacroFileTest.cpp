@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "HardeningScene.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Drawing.h"
@@ -67,10 +67,10 @@ std::vector<BadLine> badLines(const std::string& directory) {
     };
 }
 
-class HostileMacroFileTest : public AddOnTest {
+class HostileMacroFileTest : public AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         scene::transientScene();
         scene::giveDialog(scene::smallFlight(), scene::everyStage(Destination_e::OnScreen));
     }

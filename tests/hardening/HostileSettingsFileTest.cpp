@@ -14,7 +14,7 @@
 #include "HardeningScene.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Drawing.h"
@@ -28,10 +28,10 @@ using namespace vexplot::vexutiltools;
 
 const std::string ErrorHeading = "Key Frame Animation error:\n";
 
-class HostileSettingsFileTest : public AddOnTest {
+class HostileSettingsFileTest : public AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         scene::transientScene();
         scene::giveDialog(scene::smallFlight(), scene::everyStage(Destination_e::OnScreen));
         keyFramesBefore = dialog().getKeyFrameModel().getItems();

@@ -10,7 +10,7 @@
 #include "addon/LockScope.h"
 #include "animation/AnimatorKeyFrame.h"
 #include "model/KeyFrame_s.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "ui/DialogMain.h"
 #include "vexhost/Drawing.h"
 #include "vexhost/Host.h"
@@ -31,10 +31,10 @@ std::vector<KeyFrame_s> twoKeyFrames(uint64_t frames) {
     return keyFrames;
 }
 
-class LargeAnimationTest : public AddOnTest {
+class LargeAnimationTest : public AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         scene::transientScene();
     }
 };

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "HardeningScene.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/FailingListObserver.h"
 #include "ui/DialogMain.h"
 #include "vexhost/GuiModel.h"
@@ -20,10 +20,10 @@ namespace {
 
 using namespace vexplot::vexutiltools;
 
-class ObserverFailureTest : public AddOnTest {
+class ObserverFailureTest : public AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         scene::transientScene();
         scene::openMainDialog();
         scene::giveDialog(scene::smallFlight(), AnimationSettings_s());
@@ -31,7 +31,7 @@ protected:
     }
     void TearDown() override {
         dialog().getKeyFrameModel().removeObserver(&failing);
-        AddOnTest::TearDown();
+        AddOnFixture::TearDown();
     }
 
     static DialogMain& dialog() { return DialogMain::instance(); }

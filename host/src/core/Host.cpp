@@ -48,7 +48,8 @@ Host::Host()
       idleQueue_(std::make_unique<IdleQueue>(*errors_)),
       macro_(std::make_unique<MacroRecorder>()),
       userDialogs_(std::make_unique<UserDialogs>(*errors_)),
-      exporter_(std::make_unique<Exporter>(*style_, *frames_, *drawing_, *errors_, *userDialogs_, *trace_)),
+      exporter_(std::make_unique<Exporter>(*style_, *frames_, *drawing_, *errors_, *userDialogs_,
+                                           *trace_)),
       guiModel_(std::make_unique<GuiModel>()) {}
 
 Host::~Host() = default;

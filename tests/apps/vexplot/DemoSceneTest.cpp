@@ -8,7 +8,7 @@
 #include <cmath>
 #include <string>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/DataSet.h"
 #include "vexhost/Frame.h"
 #include "vexhost/StateNotifier.h"
@@ -19,7 +19,7 @@ namespace {
 
 using vexplot::app::DemoScene;
 
-class DemoSceneTest : public vextest::HostTest {};
+class DemoSceneTest : public vextest::HostFixture {};
 
 TEST_F(DemoSceneTest, LoadsSixSurfaceZonesOfOneStrandAtTimesZeroToOne) {
     createFrame3D();

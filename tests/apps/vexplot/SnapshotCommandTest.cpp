@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/RecordingRenderer.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/Drawing.h"
@@ -43,10 +43,10 @@ std::pair<uint32_t, uint32_t> pngSize(const std::string& path) {
     return {word(16), word(20)};
 }
 
-class SnapshotCommandTest : public vextest::HostTest {
+class SnapshotCommandTest : public vextest::HostFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
+        HostFixture::SetUp();
         host().drawing().setRenderer(std::make_unique<RecordingRenderer>(&calls_));
         createFrame3D().setPosAndSize(1, 1, 2.9, 1.5);  // 290 x 150 pixels
     }

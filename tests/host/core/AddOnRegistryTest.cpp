@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/Bookkeeping.h"
 #include "vxappaddonuiaction.h"
@@ -15,7 +15,7 @@ namespace {
 
 using vexhost::AddOnRegistry;
 
-class AddOnRegistryTest : public vextest::HostTest {};
+class AddOnRegistryTest : public vextest::HostFixture {};
 
 int menuChoices = 0;
 void countMenuChoice() {

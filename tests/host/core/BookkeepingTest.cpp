@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/HostErrors.h"
 #include "vxsdkbase.h"
@@ -14,7 +14,7 @@ namespace {
 
 using vexhost::Bookkeeping;
 
-class BookkeepingTest : public vextest::HostTest {};
+class BookkeepingTest : public vextest::HostFixture {};
 
 TEST_F(BookkeepingTest, HostStringIsOutstandingUntilFreed) {
     char* text = VexUtilStringAlloc(10, "test");

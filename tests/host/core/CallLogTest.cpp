@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "support/CallLogLines.h"
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/DataSet.h"
@@ -21,10 +21,10 @@ namespace {
 using vexplot::toolbox::StyleValue;
 using Log = std::vector<std::string>;
 
-class CallLogTest : public vextest::HostTest {
+class CallLogTest : public vextest::HostFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
+        HostFixture::SetUp();
         addOn_ = registerAddOn("Key Frame Animation");
         createFrame3D();
     }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/SdkPrinters.h"
 #include "vexhost/DataSet.h"
 #include "vexhost/StateNotifier.h"
@@ -18,7 +18,7 @@ namespace {
 
 using vextest::ScopedLock;
 
-class DataSetTest : public vextest::HostTest {};
+class DataSetTest : public vextest::HostFixture {};
 
 std::vector<VexSetIndex_t> walk(VexSet_pa set) {
     std::vector<VexSetIndex_t> members;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/FailingRenderer.h"
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/RecordingRenderer.h"
 #include "support/RegisteredAddOnFixture.h"
 #include "vexhost/DataSet.h"

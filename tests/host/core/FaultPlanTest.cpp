@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/Exporter.h"
 #include "vexhost/FrameStack.h"
@@ -24,10 +24,10 @@ using vexhost::FaultPlan;
 using Fault = FaultPlan::Fault;
 using vexplot::toolbox::StyleValue;
 
-class FaultPlanTest : public vextest::HostTest {
+class FaultPlanTest : public vextest::HostFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
+        HostFixture::SetUp();
         addOn = registerAddOn();
         host().frames().create(VexPlotType_Cartesian3D);
     }

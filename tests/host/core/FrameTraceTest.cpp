@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TraceLines.h"
 #include "vexhost/FrameTrace.h"
@@ -25,11 +25,11 @@ std::string readFile(const std::string& path) {
     return text.str();
 }
 
-class FrameTraceTest : public vextest::HostTest {
+class FrameTraceTest : public vextest::HostFixture {
 protected:
     void TearDown() override {
         host().trace().close();
-        HostTest::TearDown();
+        HostFixture::TearDown();
     }
 
     // A state whose numbers have short exact forms, reached through the SDK.

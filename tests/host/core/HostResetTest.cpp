@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/CallLog.h"
@@ -30,7 +30,7 @@ namespace {
 
 using vextest::ScopedLock;
 
-class HostResetTest : public vextest::HostTest {};
+class HostResetTest : public vextest::HostFixture {};
 
 void nothing(void*) {}
 void nothingMenu() {}

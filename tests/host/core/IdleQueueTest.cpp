@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/IdleQueue.h"
 #include "vxsdkbase.h"
 
 namespace {
 
-class IdleQueueTest : public vextest::HostTest {};
+class IdleQueueTest : public vextest::HostFixture {};
 
 std::vector<int> ran;
 

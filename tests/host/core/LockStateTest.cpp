@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/HostErrors.h"
 #include "vexhost/LockState.h"
 #include "vxappaddonuiaction.h"
@@ -15,7 +15,7 @@ namespace {
 
 using vextest::ScopedLock;
 
-class LockStateTest : public vextest::HostTest {};
+class LockStateTest : public vextest::HostFixture {};
 
 bool contains(const std::vector<std::string>& texts, const std::string& wanted) {
     for (const std::string& text : texts) {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/RegisteredAddOnFixture.h"
 #include "vexhost/MacroRecorder.h"
 #include "vxsdkbase.h"

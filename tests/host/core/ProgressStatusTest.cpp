@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/RegisteredAddOnFixture.h"
 #include "vexhost/ProgressStatus.h"
 #include "vxsdkbase.h"

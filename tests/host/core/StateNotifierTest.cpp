@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/StateNotifier.h"
 #include "vxsdkbase.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-class StateNotifierTest : public vextest::HostTest {};
+class StateNotifierTest : public vextest::HostFixture {};
 
 struct Listener {
     std::string name;

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/SdkPrinters.h"
 #include "vxappaddonuiaction.h"
 #include "vxsdkbase.h"
@@ -13,7 +13,7 @@ namespace {
 
 using vexhost::UserDialogs;
 
-class UserDialogsTest : public vextest::HostTest {};
+class UserDialogsTest : public vextest::HostFixture {};
 
 TEST_F(UserDialogsTest, ErrorDialogIsRecordedAndShownThroughTheSink) {
     std::vector<std::pair<UserDialogs::Kind, std::string>> shown;

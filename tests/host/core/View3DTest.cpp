@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "support/RegisteredAddOnFixture.h"
 #include "vexhost/Frame.h"
 #include "vexhost/FrameStack.h"

@@ -1,6 +1,6 @@
-// guitest::GuiFixture, the fixture of the GUI model's tests: a clean host (vextest::HostTest), the
-// user at the dialogs, and callbacks that record what they were called with, so a test sees which
-// callbacks the host fired, in which order and with which values.
+// guitest::GuiFixture, the fixture of the GUI model's tests: a clean host (vextest::HostFixture),
+// the user at the dialogs, and callbacks that record what they were called with, so a test sees
+// which callbacks the host fired, in which order and with which values.
 #ifndef VEXTEST_GUI_GUIFIXTURE_H
 #define VEXTEST_GUI_GUIFIXTURE_H
 
@@ -9,14 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexgui.h"
 #include "vexhost/GuiModel.h"
 #include "vexhost/GuiUser.h"
 
 namespace guitest {
 
-class GuiFixture : public vextest::HostTest {
+class GuiFixture : public vextest::HostFixture {
 protected:
     vexhost::GuiModel& gui() const { return host().guiModel(); }
     vexhost::GuiUser& user() { return user_; }

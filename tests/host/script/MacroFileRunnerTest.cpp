@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/DataSet.h"
 #include "vexhost/Drawing.h"
@@ -77,10 +77,10 @@ bool probeCallback(const char* commandString, char** errMsg) {
     return true;
 }
 
-class MacroFileRunnerTest : public vextest::HostTest {
+class MacroFileRunnerTest : public vextest::HostFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
+        HostFixture::SetUp();
         probeCommands.clear();
         probeAddOn = registerAddOn("Probe");
         VexUtilMacroAddCommandCallback("Probe", probeCallback);

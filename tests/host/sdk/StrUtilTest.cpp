@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "common_strutil.h"
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 
 namespace {
 
-class StrUtilTest : public vextest::HostTest {};
+class StrUtilTest : public vextest::HostFixture {};
 
 struct DecodeCase {
     const char* name;

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
 
@@ -32,7 +32,7 @@ namespace {
 using vexplot::toolbox::ArgList;
 using vextest::ScopedLock;
 
-class StyleAllocationTest : public vextest::HostTest {};
+class StyleAllocationTest : public vextest::HostFixture {};
 
 TEST_F(StyleAllocationTest, StyleCallsWithTheLogOffAllocateNothing) {
     createFrame3D();

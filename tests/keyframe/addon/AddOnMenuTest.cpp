@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "ui/DialogMain.h"
 #include "vexhost/AddOnRegistry.h"
@@ -22,7 +22,7 @@ const std::string NotAllowed = "Keyframe animation is only allowed with 3D plots
 const std::string Lock = vextest::addOnLockStart();
 const std::string Unlock = vextest::addOnLockFinish();
 
-class AddOnMenuTest : public vextest::AddOnTest {
+class AddOnMenuTest : public vextest::AddOnFixture {
 protected:
     bool chooseMenuItem() {
         return host().addOns().chooseMenuOption("Animate", "&Key Frame Animation...");

@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "addon/LockScope.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "vexhost/Host.h"
 #include "vexhost/StyleStore.h"
 
@@ -17,7 +17,7 @@ const vexhost::StyleStore::Path UseDisplayLists{"Interface", "UseDisplayLists"};
 
 // Style values are host state: every test holds the add-on's lock, as the run that uses the
 // suspender does.
-class DisplayListSuspenderTest : public vextest::AddOnTest {
+class DisplayListSuspenderTest : public vextest::AddOnFixture {
 protected:
     bool displayListsOn() const { return host().style().getBool(UseDisplayLists); }
 };

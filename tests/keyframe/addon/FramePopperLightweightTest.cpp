@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ThreeFramesFixture.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/FrameStack.h"

@@ -8,7 +8,7 @@
 #include "addon/HostArray.h"
 #include "addon/HostSet.h"
 #include "addon/HostString.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/DataSet.h"
 #include "vexhost/FrameStack.h"
@@ -21,7 +21,7 @@ namespace {
 
 using Kind = vexhost::Bookkeeping::Kind;
 
-class HostHoldersTest : public vextest::AddOnTest {
+class HostHoldersTest : public vextest::AddOnFixture {
 protected:
     std::size_t outstanding(Kind kind) const { return host().bookkeeping().outstanding(kind); }
 };

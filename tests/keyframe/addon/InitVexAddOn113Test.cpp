@@ -7,7 +7,7 @@
 
 #include "addon/AddOn.h"
 #include "support/CallLogLines.h"
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
@@ -17,7 +17,7 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class InitVexAddOn113Test : public vextest::HostTest {};
+class InitVexAddOn113Test : public vextest::HostFixture {};
 
 TEST_F(InitVexAddOn113Test, RegistersMenuAndMacroCallbackInOrderUnderTheHostLock) {
     host().callLog().setEnabled(true);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "addon/AddOn.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
@@ -18,7 +18,7 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class LockScopeTest : public vextest::AddOnTest {};
+class LockScopeTest : public vextest::AddOnFixture {};
 
 TEST_F(LockScopeTest, HoldsTheHostLockWithTheAddOnIdentifier) {
     {

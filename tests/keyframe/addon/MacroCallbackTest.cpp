@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "addon/HostString.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/Bookkeeping.h"
@@ -20,7 +20,7 @@ namespace {
 // Fails in the parser whatever executers exist.
 const std::string UnknownCommand = "Unknown macro command: Fly";
 
-class MacroCallbackTest : public vextest::AddOnTest {};
+class MacroCallbackTest : public vextest::AddOnFixture {};
 
 TEST_F(MacroCallbackTest, FailingCommandsReturnTheAddOnsErrorText) {
     const std::vector<std::pair<std::string, std::string>> cases = {

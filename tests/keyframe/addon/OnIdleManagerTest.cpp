@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
@@ -16,7 +16,7 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class OnIdleManagerTest : public vextest::AddOnTest {
+class OnIdleManagerTest : public vextest::AddOnFixture {
 protected:
     OnIdleManager manager;
     std::vector<std::string> ran;

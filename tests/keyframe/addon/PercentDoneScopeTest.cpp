@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "addon/LockScope.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
@@ -21,7 +21,7 @@ const std::string Hint = " Press [Esc] or click [Stop] to cancel.";
 
 // The status is host state: every test holds the add-on's lock while a scope is open, as the
 // scope's users do.
-class PercentDoneScopeTest : public vextest::AddOnTest {};
+class PercentDoneScopeTest : public vextest::AddOnFixture {};
 
 TEST_F(PercentDoneScopeTest, AppendsTheCancelHintAndShowsStopButtonAndBar) {
     LockScope lock;

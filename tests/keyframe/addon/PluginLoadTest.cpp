@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/Host.h"
@@ -60,10 +60,10 @@ TEST(PluginLoadIntoSdkProcessTest, LoadingBringsInNothingButThePlugIn) {
     }
 }
 
-class PluginLoadTest : public vextest::HostTest {
+class PluginLoadTest : public vextest::HostFixture {
 protected:
     void SetUp() override {
-        HostTest::SetUp();
+        HostFixture::SetUp();
         ASSERT_TRUE(plugin.isLoaded()) << dlerror();
         using EntryPoint = void (*)();
         const auto entryPoint = reinterpret_cast<EntryPoint>(plugin.symbol("InitVexAddOn113"));

@@ -4,11 +4,11 @@
 
 #include "addon/AddOn.h"
 #include "model/KeyFrame_s.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "ui/DialogMain.h"
-#include "vexhost/Host.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/FrameStack.h"
+#include "vexhost/Host.h"
 #include "vexhost/IdleQueue.h"
 #include "vexhost/LockState.h"
 
@@ -16,7 +16,7 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class ResetAddOnStateTest : public vextest::AddOnTest {};
+class ResetAddOnStateTest : public vextest::AddOnFixture {};
 
 TEST_F(ResetAddOnStateTest, EveryTestStartsWithAFreshMainDialog) {
     // Whatever a test before left in the process, the fixture's reset dropped it.

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "addon/AddOn.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/Host.h"
@@ -21,7 +21,7 @@ namespace {
 
 using vexplot::toolbox::StateChangeEventInterface;
 
-class StateChangeListenerTest : public vextest::AddOnTest {
+class StateChangeListenerTest : public vextest::AddOnFixture {
 protected:
     // Records each code and whether the add-on's lock was held when it arrived.
     StateChangeListener::Callable recorder() {

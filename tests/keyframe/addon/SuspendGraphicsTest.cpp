@@ -7,7 +7,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/Drawing.h"
@@ -19,7 +19,7 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class SuspendGraphicsTest : public vextest::AddOnTest {};
+class SuspendGraphicsTest : public vextest::AddOnFixture {};
 
 TEST_F(SuspendGraphicsTest, TakesTheLockThenSuspendsDrawingAndUndoesBothInReverse) {
     host().callLog().setEnabled(true);

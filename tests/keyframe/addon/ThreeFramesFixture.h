@@ -1,21 +1,22 @@
-// The fixture of the frame popper tests: the add-on loaded into a clean host (vextest::AddOnTest)
-// with three 3D frames; the last created is on top and active, so the stack order is 3, 2, 1.
+// The fixture of the frame popper tests: the add-on loaded into a clean host
+// (vextest::AddOnFixture) with three 3D frames; the last created is on top and active, so the stack
+// order is 3, 2, 1.
 #ifndef VEXTEST_ADDON_THREEFRAMESFIXTURE_H
 #define VEXTEST_ADDON_THREEFRAMESFIXTURE_H
 
 #include <cstddef>
 #include <vector>
 
-#include "support/AddOnTest.h"
-#include "vexhost/Host.h"
+#include "support/AddOnFixture.h"
 #include "vexhost/FrameStack.h"
+#include "vexhost/Host.h"
 
 namespace vextest {
 
-class ThreeFramesFixture : public AddOnTest {
+class ThreeFramesFixture : public AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         for (int i = 0; i < 3; ++i)
             host().frames().create(VexPlotType_Cartesian3D);
     }

@@ -23,7 +23,7 @@ using vexplot::vexutiltools::AnimationManager;
 using vexplot::vexutiltools::KeyFrameError;
 
 void AnimationFixture::SetUp() {
-    AddOnTest::SetUp();
+    AddOnFixture::SetUp();
     createFrame3D();
 }
 

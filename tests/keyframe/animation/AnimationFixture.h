@@ -11,7 +11,7 @@
 #include "animation/AnimationManager.h"
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 
 namespace vextest {
 
@@ -24,7 +24,7 @@ struct RestoredState {
     double timeAnchor = 0;
 };
 
-class AnimationFixture : public AddOnTest {
+class AnimationFixture : public AddOnFixture {
 protected:
     void SetUp() override;
 

@@ -58,7 +58,7 @@ std::string lineError(const std::string& text, int lineNumber) {
 }
 
 void KeyFrameFileFixture::SetUp() {
-    AddOnTest::SetUp();
+    AddOnFixture::SetUp();
     model_.addObserver(&observer_);
     resetState();
 }
@@ -79,7 +79,7 @@ void KeyFrameFileFixture::expectStateUntouched() const {
 
 void KeyFrameFileFixture::TearDown() {
     model_.removeObserver(&observer_);
-    AddOnTest::TearDown();
+    AddOnFixture::TearDown();
 }
 
 std::string KeyFrameFileFixture::createFile(const std::string& content,

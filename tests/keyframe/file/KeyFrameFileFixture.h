@@ -11,7 +11,7 @@
 #include "model/AnimationSettings_s.h"
 #include "model/KeyFrame_s.h"
 #include "model/ListModelKeyFrame.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/RecordingListObserver.h"
 #include "support/TemporaryDirectory.h"
 
@@ -30,7 +30,7 @@ struct ReadFailure {
     std::string message;
 };
 
-class KeyFrameFileFixture : public vextest::AddOnTest {
+class KeyFrameFileFixture : public vextest::AddOnFixture {
 protected:
     void SetUp() override;
     void TearDown() override;

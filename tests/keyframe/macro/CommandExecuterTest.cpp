@@ -14,7 +14,7 @@
 #include "addon/AddOn.h"
 #include "file/FileSystemPath.h"
 #include "file/KeyFrameFile.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
 #include "vexhost/AddOnRegistry.h"
@@ -39,7 +39,7 @@ KeyFrame_s keyFrame(const std::string& name, double x, uint64_t frameCount) {
     return result;
 }
 
-class CommandExecuterTest : public vextest::AddOnTest {
+class CommandExecuterTest : public vextest::AddOnFixture {
 protected:
     // Runs the command string as the host's macro player does.
     vexhost::AddOnRegistry::CommandResult run(const std::string& command) {

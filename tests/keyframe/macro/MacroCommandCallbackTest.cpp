@@ -11,7 +11,7 @@
 #include "addon/HostString.h"
 #include "addon/KeyFrameError.h"
 #include "macro/MacroCommandManager.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/Bookkeeping.h"
 
@@ -88,10 +88,10 @@ std::unique_ptr<Executer> createCommandExecuter(Verb_e verb) {
     return std::make_unique<Executer>(verb);
 }
 
-class MacroCommandCallbackTest : public vextest::AddOnTest {
+class MacroCommandCallbackTest : public vextest::AddOnFixture {
 protected:
     void SetUp() override {
-        vextest::AddOnTest::SetUp();
+        vextest::AddOnFixture::SetUp();
         journal = Journal();
     }
 

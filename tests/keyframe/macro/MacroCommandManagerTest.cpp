@@ -9,7 +9,7 @@
 #include "addon/HostString.h"
 #include "addon/KeyFrameError.h"
 #include "macro/AddOnMacroCommandManager.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/Host.h"
@@ -223,7 +223,7 @@ TEST(MacroCommandManagerTest, AQuotedValueWithoutABlankRebuildsBare) {
 
 // ---- Recording ----
 
-class MacroCommandRecordingTest : public vextest::AddOnTest {};
+class MacroCommandRecordingTest : public vextest::AddOnFixture {};
 
 TEST_F(MacroCommandRecordingTest, RecordsNothingWhileTheRecorderIsOff) {
     startCallLog();
@@ -260,7 +260,7 @@ TEST_F(MacroCommandRecordingTest, AnUnnamedValueFailsOnlyWhileRecordingAndReleas
 
 // ---- The add-on's callback ----
 
-class AddOnMacroCallbackTest : public vextest::AddOnTest {
+class AddOnMacroCallbackTest : public vextest::AddOnFixture {
 protected:
     std::string failureOf(const std::string& command) {
         const vexhost::AddOnRegistry::CommandResult result =

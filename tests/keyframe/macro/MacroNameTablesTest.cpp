@@ -4,8 +4,8 @@
 #include <string>
 
 #include "macro/Command_e.h"
-#include "model/Destination_e.h"
 #include "macro/Parameter_e.h"
+#include "model/Destination_e.h"
 #include "support/Printed.h"
 
 namespace vexplot {

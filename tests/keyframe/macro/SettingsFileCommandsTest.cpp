@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "addon/KeyFrameError.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/TemporaryDirectory.h"
 #include "ui/DialogMain.h"
 #include "vexhost/MacroRecorder.h"
@@ -15,7 +15,7 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class SettingsFileCommandsTest : public vextest::AddOnTest {
+class SettingsFileCommandsTest : public vextest::AddOnFixture {
 protected:
     vextest::TemporaryDirectory directory_;
 };

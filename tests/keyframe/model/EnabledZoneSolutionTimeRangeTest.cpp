@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/Bookkeeping.h"
 #include "vexhost/CallLog.h"
@@ -18,10 +18,10 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class EnabledZoneSolutionTimeRangeTest : public vextest::AddOnTest {
+class EnabledZoneSolutionTimeRangeTest : public vextest::AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         host().frames().create(VexPlotType_Cartesian3D);
     }
 

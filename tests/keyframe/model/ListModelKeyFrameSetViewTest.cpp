@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "model/ListModelKeyFrame.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/RecordingListObserver.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/DataSet.h"
@@ -15,10 +15,10 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-class ListModelKeyFrameSetViewTest : public vextest::AddOnTest {
+class ListModelKeyFrameSetViewTest : public vextest::AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         KeyFrame_s keyFrame;
         keyFrame.name = "View 1";
         keyFrame.frameCount = 30;

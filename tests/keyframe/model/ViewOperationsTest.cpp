@@ -7,7 +7,7 @@
 
 #include "addon/KeyFrameError.h"
 #include "addon/LockScope.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "vexhost/CallLog.h"
 #include "vexhost/Drawing.h"
@@ -45,7 +45,7 @@ TEST(FormatViewTest, RoundsToTwoDecimalsAndKeepsSigns) {
         formatView(KeyFrameView_s{-1.5, 0.125001, 1234567.891, -179.994, 0.004, 359.999, 0.0149}));
 }
 
-class ViewOperationsTest : public vextest::AddOnTest {
+class ViewOperationsTest : public vextest::AddOnFixture {
 protected:
     vexhost::View3D& hostView() { return host().frames().active()->view(); }
 };

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "addon/KeyFrameError.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "vexgui.h"
 #include "vexhost/Host.h"
 #include "vexhost/LockState.h"
@@ -40,7 +40,7 @@ private:
     static int depth() { return vexhost::Host::instance().lock().depth(); }
 };
 
-class DialogCallbackTest : public vextest::AddOnTest {
+class DialogCallbackTest : public vextest::AddOnFixture {
 protected:
     Probe probe;
 };

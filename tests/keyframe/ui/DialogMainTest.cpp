@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/RecordingListObserver.h"
 #include "vexhost/GuiModel.h"
 #include "vexhost/LockState.h"
@@ -16,7 +16,7 @@ using vexplot::vexutiltools::AnimationSettings_s;
 using vexplot::vexutiltools::KeyFrame_s;
 using vexplot::vexutiltools::ListModelChange;
 
-class DialogMainTest : public vextest::AddOnTest {
+class DialogMainTest : public vextest::AddOnFixture {
 protected:
 };
 

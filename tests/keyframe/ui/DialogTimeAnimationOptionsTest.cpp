@@ -181,7 +181,7 @@ TEST_F(DialogTimeAnimationOptionsTest, TheFixtureFailsATestThatLeavesTheDialogUp
     {
         ::testing::ScopedFakeTestPartResultReporter reporter(
             ::testing::ScopedFakeTestPartResultReporter::INTERCEPT_ONLY_CURRENT_THREAD, &failures);
-        HostTest::TearDown();
+        HostFixture::TearDown();
     }
     std::vector<std::string> messages;
     for (int i = 0; i < failures.size(); ++i)

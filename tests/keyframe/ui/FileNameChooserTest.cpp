@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "support/CallLogLines.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/UserDialogs.h"
@@ -29,7 +29,7 @@ std::string overwriteQuestion(const std::string& fileName) {
     return "The file: " + fileName + " exists.\nAre you sure you want to overwrite it?";
 }
 
-class FileNameChooserTest : public vextest::AddOnTest {
+class FileNameChooserTest : public vextest::AddOnFixture {
 protected:
     // The chooser of the main dialog's settings files.
     FileNameChooser chooser_{"animation", "keyframe", "Key Frame Animation"};

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "model/ListModelKeyFrame.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "ui/ListMultiSelectionModel.h"
 #include "ui/ListSelectionModelObserverInterface.h"
 #include "ui/ListSingleSelectionModel.h"
@@ -41,10 +41,10 @@ public:
 };
 
 // A list control in a dialog of its own, shown by a ListView over a key frame list.
-class ListViewTest : public vextest::AddOnTest {
+class ListViewTest : public vextest::AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         dialogId = VexGUIDialogCreateModeless(VEXGUI_MAIN_DIALOG_PARENT, 4000, 3000, "Lists",
                                               nullptr, nullptr, nullptr, nullptr);
         listId = VexGUIListAdd(dialogId, 100, 100, 2000, 1400, true, nullptr, nullptr);

@@ -8,7 +8,7 @@
 
 #include "addon/KeyFrameError.h"
 #include "model/Destination_e.h"
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "ui/ExportFormat_e.h"
 #include "ui/ListModelPreMapped.h"
 #include "vexhost/GuiControl.h"
@@ -23,10 +23,10 @@ OptionMenuStaticManager<Destination_e> destinations() {
         {{"On Screen", Destination_e::OnScreen}, {"To File", Destination_e::ToFile}});
 }
 
-class OptionMenuStaticManagerTest : public vextest::AddOnTest {
+class OptionMenuStaticManagerTest : public vextest::AddOnFixture {
 protected:
     void SetUp() override {
-        AddOnTest::SetUp();
+        AddOnFixture::SetUp();
         dialog = VexGUIDialogCreateModeless(VEXGUI_MAIN_DIALOG_PARENT, 3000, 1000, "Menus", nullptr,
                                             nullptr, nullptr, nullptr);
         menu = VexGUIOptionMenuAdd(dialog, 10, 10, 1000, 145, nullptr, nullptr);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "vexhost/GuiModel.h"
 #include "vexhost/UserDialogs.h"
 
@@ -14,9 +14,9 @@ namespace vexplot {
 namespace vexutiltools {
 namespace {
 
-using vextest::AddOnTest;
+using vextest::AddOnFixture;
 
-class TextFieldValidatorTest : public AddOnTest {
+class TextFieldValidatorTest : public AddOnFixture {
 protected:
     std::vector<std::string> errors() const { return host().userDialogs().errorMessages(); }
 };

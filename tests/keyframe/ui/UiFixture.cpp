@@ -13,13 +13,13 @@ using vexhost::GuiControl;
 using Kind = vexhost::GuiControl::Kind;
 
 void UiFixture::SetUp() {
-    AddOnTest::SetUp();
+    AddOnFixture::SetUp();
     user_ = std::make_unique<vexhost::GuiUser>(host());
 }
 
 void UiFixture::TearDown() {
     user_.reset();
-    AddOnTest::TearDown();
+    AddOnFixture::TearDown();
 }
 
 const vexhost::GuiDialog& UiFixture::dialogNamed(const std::string& title) const {

@@ -1,8 +1,8 @@
-// The fixture of the dialog tests: the add-on loaded in a clean host (vextest::AddOnTest), a fresh
-// main dialog state, and a user at the host's dialogs (vexhost::GuiUser), with a few ways of naming
-// what the user acts on. Every action helper runs the host's idle queue afterwards, as the host's
-// main loop does between user actions, and checks that the add-on's lock is back at depth 0 (at
-// `lockDepthAfter` for actions that leave a modal dialog up).
+// The fixture of the dialog tests: the add-on loaded in a clean host (vextest::AddOnFixture), a
+// fresh main dialog state, and a user at the host's dialogs (vexhost::GuiUser), with a few ways of
+// naming what the user acts on. Every action helper runs the host's idle queue afterwards, as the
+// host's main loop does between user actions, and checks that the add-on's lock is back at depth 0
+// (at `lockDepthAfter` for actions that leave a modal dialog up).
 #ifndef VEXTEST_UI_UIFIXTURE_H
 #define VEXTEST_UI_UIFIXTURE_H
 
@@ -11,13 +11,13 @@
 #include <string>
 #include <vector>
 
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 #include "ui/DialogMain.h"
 #include "vexhost/GuiUser.h"
 
 namespace vextest {
 
-class UiFixture : public AddOnTest {
+class UiFixture : public AddOnFixture {
 protected:
     void SetUp() override;
     void TearDown() override;

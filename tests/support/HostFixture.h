@@ -1,4 +1,4 @@
-// vextest::HostTest, the fixture for every test that talks to the host.
+// vextest::HostFixture, the fixture for every test that talks to the host.
 //
 // SetUp resets the host, so each test starts from a clean host (no add-ons, frames, zones, log,
 // errors or memory), and the key frame add-on's process-wide state (resetAddOnState: no main
@@ -11,8 +11,8 @@
 //   - no host string, array, set or string list outstanding.
 // Derive from it; a fixture that overrides SetUp or TearDown calls the base first (SetUp) or last
 // (TearDown).
-#ifndef VEXTEST_HOSTTEST_H
-#define VEXTEST_HOSTTEST_H
+#ifndef VEXTEST_HOSTFIXTURE_H
+#define VEXTEST_HOSTFIXTURE_H
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ class Frame;
 
 namespace vextest {
 
-class HostTest : public ::testing::Test {
+class HostFixture : public ::testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;

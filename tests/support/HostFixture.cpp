@@ -1,4 +1,4 @@
-#include "support/HostTest.h"
+#include "support/HostFixture.h"
 
 #include "addon/ResetAddOnState.h"
 #include "vexhost/Bookkeeping.h"
@@ -17,14 +17,14 @@ namespace vextest {
 
 using vexhost::Bookkeeping;
 
-void HostTest::SetUp() {
+void HostFixture::SetUp() {
     // The add-on's state from a test before belongs to the host about to be reset: it goes while
     // that host still knows it.
     vexplot::vexutiltools::resetAddOnState();
     host().reset();
 }
 
-void HostTest::TearDown() {
+void HostFixture::TearDown() {
     // Before the checks, so they also see what dropping the add-on's state leaves behind.
     vexplot::vexutiltools::resetAddOnState();
     vexhost::Host& h = host();
@@ -46,15 +46,15 @@ void HostTest::TearDown() {
     EXPECT_EQ(memory.outstanding(Bookkeeping::Kind::StringList), 0u) << "host string lists leaked";
 }
 
-vexhost::Frame& HostTest::createFrame3D() {
+vexhost::Frame& HostFixture::createFrame3D() {
     return createFrame(VexPlotType_Cartesian3D);
 }
 
-vexhost::Frame& HostTest::createFrame(VexPlotType_e plotType) {
+vexhost::Frame& HostFixture::createFrame(VexPlotType_e plotType) {
     return host().frames().create(plotType);
 }
 
-int32_t HostTest::addZone(double solutionTime, int32_t strandId, const std::string& name) {
+int32_t HostFixture::addZone(double solutionTime, int32_t strandId, const std::string& name) {
     vexhost::Zone zone;
     zone.name = name;
     zone.solutionTime = solutionTime;
@@ -62,23 +62,23 @@ int32_t HostTest::addZone(double solutionTime, int32_t strandId, const std::stri
     return host().dataSet().addZone(std::move(zone));
 }
 
-VexAddOn_pa HostTest::registerAddOn(const char* name) {
+VexAddOn_pa HostFixture::registerAddOn(const char* name) {
     VexUtilLockOn();
     VexAddOn_pa addOn = VexUtilAddOnRegister(110, name, "1.0", "Test Maker");
     VexUtilLockOff();
     return addOn;
 }
 
-std::vector<std::string> HostTest::takeHostErrors() {
+std::vector<std::string> HostFixture::takeHostErrors() {
     return host().errors().take();
 }
 
-void HostTest::startCallLog() {
+void HostFixture::startCallLog() {
     host().callLog().clear();
     host().callLog().setEnabled(true);
 }
 
-std::vector<std::string> HostTest::takeCallLog() {
+std::vector<std::string> HostFixture::takeCallLog() {
     return host().callLog().take();
 }
 

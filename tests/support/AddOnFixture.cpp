@@ -1,11 +1,11 @@
-#include "support/AddOnTest.h"
+#include "support/AddOnFixture.h"
 
 #include "addon/InitVexAddOn113.h"
 
 namespace vextest {
 
-void AddOnTest::SetUp() {
-    HostTest::SetUp();
+void AddOnFixture::SetUp() {
+    HostFixture::SetUp();
     InitVexAddOn113();
 }
 
