@@ -8,6 +8,8 @@
 #include "DemoScene.h"
 #include "LazyRenderer.h"
 #include "SnapshotCommand.h"
+#include "vexhost/DataFileError.h"
+#include "vexhost/DataFileLoader.h"
 #include "vexhost/Drawing.h"
 #include "vexhost/EglRenderer.h"
 #include "vexhost/Exporter.h"
@@ -85,6 +87,14 @@ bool BatchRun::setUp() {
                         options_.height / vexhost::FrameStack::PixelsPerInch);
     if (options_.data == RunOptions::Data::Demo)
         DemoScene::load(host_, options_.demoTriangles);
+    if (options_.data == RunOptions::Data::File) {
+        try {
+            vexhost::DataFileLoader::load(host_, options_.dataPath, options_.dataOptions);
+        } catch (const vexhost::DataFileError& error) {
+            reporter_.showProblem(error.what());
+            return false;
+        }
+    }
     host_.idleQueue().runUntilEmpty();
     return checkHostErrors("setting up the frame");
 }

@@ -1,6 +1,8 @@
 #include "CommandLine.h"
 
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 
@@ -48,6 +50,62 @@ void parseSize(const std::string& value, RunOptions& options) {
     options.height = static_cast<int>(*height);
 }
 
+// Comma-separated numbers: `reals` finite ones, then `counts` whole numbers from 2 to MaxSeeds.
+constexpr int64_t MaxSeeds = 10000;
+
+bool parseNumbers(const std::string& text, std::size_t reals, std::size_t counts,
+                  std::vector<double>& values, std::vector<int>& wholes) {
+    std::vector<std::string> fields(1);
+    for (char c : text) {
+        if (c == ',')
+            fields.emplace_back();
+        else
+            fields.back() += c;
+    }
+    if (fields.size() != reals + counts)
+        return false;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i < reals) {
+            char* end = nullptr;
+            const double value = std::strtod(fields[i].c_str(), &end);
+            if (fields[i].empty() || *end != '\0' || !std::isfinite(value))
+                return false;
+            values.push_back(value);
+        } else {
+            const std::optional<int64_t> n = wholeNumber(fields[i], 2, MaxSeeds);
+            if (!n)
+                return false;
+            wholes.push_back(static_cast<int>(*n));
+        }
+    }
+    return true;
+}
+
+void parseSeed(const std::string& option, const std::string& value, RunOptions& options) {
+    using Seed = vexhost::DataFileOptions::Seed;
+    Seed& seed = options.dataOptions.seed;
+    const bool line = option == "--seed-line";
+    std::vector<double> xyz;
+    std::vector<int> counts;
+    if (!parseNumbers(value, line ? 6 : 9, line ? 1 : 2, xyz, counts))
+        throw UsageError(line ? "--seed-line needs X1,Y1,Z1,X2,Y2,Z2,COUNT: two points and the "
+                                "number of seeds between them (2 to " +
+                                    std::to_string(MaxSeeds) + "); found '" + value + "'"
+                              : "--seed-plane needs OX,OY,OZ,AX,AY,AZ,BX,BY,BZ,NA,NB: a corner, "
+                                "the corners at the ends of its two edges and the number of seeds "
+                                "along each (2 to " +
+                                    std::to_string(MaxSeeds) + "); found '" + value + "'");
+    seed.kind = line ? Seed::Kind::Line : Seed::Kind::Plane;
+    for (int k = 0; k < 3; ++k) {
+        seed.start[k] = xyz[k];
+        seed.end[k] = xyz[3 + k];
+        seed.across[k] = line ? 0 : xyz[6 + k];
+    }
+    seed.count = counts[0];
+    seed.countAcross = line ? 1 : counts[1];
+    options.seedGiven = true;
+}
+
 // Applies an option that takes a value.
 void applyValue(const std::string& option, const std::string& value, RunOptions& options) {
     if (option == "--addon") {
@@ -59,8 +117,21 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
             options.data = RunOptions::Data::Demo;
         else if (value == "none")
             options.data = RunOptions::Data::None;
-        else
-            throw UsageError("--data takes demo or none; found '" + value + "'");
+        else if (!value.empty()) {
+            options.data = RunOptions::Data::File;
+            options.dataPath = value;
+        } else
+            throw UsageError("--data takes demo, none or a data file");
+    } else if (option == "--color-by") {
+        if (value.empty())
+            throw UsageError("--color-by needs the name of an array");
+        options.dataOptions.colourBy = value;
+    } else if (option == "--streamtraces") {
+        if (value.empty())
+            throw UsageError("--streamtraces needs the name of a vector array");
+        options.dataOptions.streamtraceArray = value;
+    } else if (option == "--seed-line" || option == "--seed-plane") {
+        parseSeed(option, value, options);
     } else if (option == "--demo-triangles") {
         const std::optional<int64_t> n = wholeNumber(value, MinDemoTriangles, MaxDemoTriangles);
         if (!n)
@@ -96,14 +167,31 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
 }
 
 bool takesValue(const std::string& option) {
-    static const char* const WithValue[] = {"--addon",     "--data",    "--demo-triangles",
-                                            "--trace",     "--record",  "--answer",
-                                            "--file-name", "--stop-at", "--size"};
+    static const char* const WithValue[] = {"--addon",      "--data",         "--demo-triangles",
+                                            "--color-by",   "--streamtraces", "--seed-line",
+                                            "--seed-plane", "--trace",        "--record",
+                                            "--answer",     "--file-name",    "--stop-at",
+                                            "--size"};
     for (const char* known : WithValue) {
         if (option == known)
             return true;
     }
     return false;
+}
+
+// The options about a data file need one, and streamtraces need both an array and a seed.
+void checkDataOptions(const RunOptions& options) {
+    const vexhost::DataFileOptions& data = options.dataOptions;
+    const char* fileOption = !data.colourBy.empty()           ? "--color-by"
+                             : !data.streamtraceArray.empty() ? "--streamtraces"
+                             : options.seedGiven              ? "--seed-line or --seed-plane"
+                                                              : nullptr;
+    if (fileOption != nullptr && options.data != RunOptions::Data::File)
+        throw UsageError(std::string(fileOption) + " needs a data file (--data FILE)");
+    if (!data.streamtraceArray.empty() && !options.seedGiven)
+        throw UsageError("--streamtraces needs a seed: --seed-line or --seed-plane");
+    if (options.seedGiven && data.streamtraceArray.empty())
+        throw UsageError("a seed needs --streamtraces ARRAY");
 }
 
 }  // namespace
@@ -146,6 +234,7 @@ RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
             throw UsageError("unknown option '" + option + "'");
         }
     }
+    checkDataOptions(options);
     return options;
 }
 
@@ -158,8 +247,21 @@ const char* CommandLine::usage() {
            "Options:\n"
            "  --addon PATH       load this add-on library instead of the key frame add-on\n"
            "                     built with vexplot (../lib/libkeyframe.so next to the program)\n"
-           "  --data demo|none   the data set: the built-in transient demo (default), or none\n"
+           "  --data demo|none|FILE\n"
+           "                     the data set: the built-in transient demo (default), none, or a\n"
+           "                     data file: VTK XML .vtu .vtp .vts .vtr .vti .vtm, a .pvd series,\n"
+           "                     a numbered series as 'flow_*.vtu', legacy .vtk, .stl .ply .obj\n"
            "  --demo-triangles N the demo surface's triangles at each time step (default 20000)\n"
+           "  --color-by NAME    colour the data file by this point or cell array; NAME:X, :Y, "
+           ":Z,\n"
+           "                     :N or :magnitude for a vector (default: the first scalar array)\n"
+           "  --streamtraces ARRAY\n"
+           "                     trace streams along this vector array of the data file, from:\n"
+           "  --seed-line X1,Y1,Z1,X2,Y2,Z2,COUNT\n"
+           "                     COUNT seeds on the line between two points, or\n"
+           "  --seed-plane OX,OY,OZ,AX,AY,AZ,BX,BY,BZ,NA,NB\n"
+           "                     NA x NB seeds over the plane at O spanned by the edges to A and "
+           "B\n"
            "  --trace FILE       write the frame trace, one JSON object per line, to FILE\n"
            "  --record FILE      record a macro from the start and write its lines to FILE\n"
            "  --answer yes|no    queue the answer to a Yes/No question (repeatable)\n"
@@ -170,9 +272,11 @@ const char* CommandLine::usage() {
            "  --size WxH         the frame's size in pixels (default 800x600)\n"
            "  --help             show this text and exit\n"
            "\n"
-           "Exit status: 0 when every line ran; 1 when a line failed, a macro file could not be\n"
-           "read or the add-on could not be loaded; 2 for a command line that cannot be used.\n"
-           "The macro language and the demo data set are described in docs/vexplot.md.\n";
+           "Exit status: 0 when every line ran; 1 when a line failed, a macro file or the data "
+           "file\n"
+           "could not be read or the add-on could not be loaded; 2 for a command line that cannot\n"
+           "be used. The macro language and the demo data set are described in docs/vexplot.md,\n"
+           "data files in docs/data.md.\n";
 }
 
 }  // namespace app

@@ -15,21 +15,13 @@ class DemoScene {
 public:
     // Marker spacing in travel time: about ten markers along each demo streamtrace.
     static constexpr double MarkerDeltaTime = 0.2;
-    // Room left around the data, as a fraction of the view.
-    static constexpr double ViewMargin = 0.1;
 
     // Adds the zones (one notification) and streamtraces to the host's data set, turns the
-    // streamtrace markers on and frames the active frame's view around the data. Needs an active
-    // frame (std::logic_error otherwise). triangleCount: the surface's triangles at each time step
-    // (DemoDataSet::Options::triangleCount).
+    // streamtrace markers on and fits the active frame's view to the data (Frame::fitView).
+    // Needs an active frame (std::logic_error otherwise). triangleCount: the surface's triangles
+    // at each time step (DemoDataSet::Options::triangleCount).
     static void load(vexhost::Host& host,
                      int triangleCount = vexhost::DemoDataSet::Options().triangleCount);
-
-    // Sets the active frame's view to look at the box from the host's default angles, centred
-    // on it, wide enough to show the whole box in the frame with ViewMargin around it; the
-    // rotation origin is the box centre.
-    static void frameView(vexhost::Frame& frame, const float (&boundsMin)[3],
-                          const float (&boundsMax)[3]);
 };
 
 }  // namespace app

@@ -15,6 +15,8 @@ public:
     static constexpr double DefaultY = 0.25;
     static constexpr double DefaultWidth = 8.0;
     static constexpr double DefaultHeight = 6.0;
+    // Room fitView leaves around the data, as a fraction of the view.
+    static constexpr double FitMargin = 0.1;
 
     Frame(VexUniqueID_t uniqueId, VexPlotType_e plotType)
         : uniqueId_(uniqueId), plotType_(plotType) {}
@@ -32,6 +34,12 @@ public:
 
     View3D& view() { return view_; }
     const View3D& view() const { return view_; }
+
+    // Sets the view to look at the box from the host's default angles, centred on it, wide enough
+    // to show the whole box in this frame's shape with FitMargin around it, and far enough out to
+    // have it all in front also in perspective; the rotation origin is the box centre. What
+    // loading a data set does, and what a "fit" asks for.
+    void fitView(const float (&boundsMin)[3], const float (&boundsMax)[3]);
 
 private:
     friend class FrameStack;

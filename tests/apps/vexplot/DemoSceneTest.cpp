@@ -92,7 +92,7 @@ TEST_F(DemoSceneTest, ViewShowsTheWholeDataSetWithAMargin) {
         EXPECT_LE(seen.halfHeight, halfHeight);
         // Tight in one direction: the margin and no more.
         const double fill = std::max(seen.halfWidth / halfWidth, seen.halfHeight / halfHeight);
-        EXPECT_NEAR(1 / (1 + DemoScene::ViewMargin), fill, 1e-9)
+        EXPECT_NEAR(1 / (1 + vexhost::Frame::FitMargin), fill, 1e-9)
             << size.first << "x" << size.second;
     }
 }
