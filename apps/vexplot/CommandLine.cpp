@@ -126,6 +126,10 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
         if (value.empty())
             throw UsageError("--color-by needs the name of an array");
         options.dataOptions.colourBy = value;
+    } else if (option == "--hide-block") {
+        if (value.empty())
+            throw UsageError("--hide-block needs the name of a block");
+        options.dataOptions.hiddenBlocks.push_back(value);
     } else if (option == "--streamtraces") {
         if (value.empty())
             throw UsageError("--streamtraces needs the name of a vector array");
@@ -167,11 +171,10 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
 }
 
 bool takesValue(const std::string& option) {
-    static const char* const WithValue[] = {"--addon",      "--data",         "--demo-triangles",
-                                            "--color-by",   "--streamtraces", "--seed-line",
-                                            "--seed-plane", "--trace",        "--record",
-                                            "--answer",     "--file-name",    "--stop-at",
-                                            "--size"};
+    static const char* const WithValue[] = {
+        "--addon",        "--data",      "--demo-triangles", "--color-by", "--hide-block",
+        "--streamtraces", "--seed-line", "--seed-plane",     "--trace",    "--record",
+        "--answer",       "--file-name", "--stop-at",        "--size"};
     for (const char* known : WithValue) {
         if (option == known)
             return true;
@@ -183,6 +186,7 @@ bool takesValue(const std::string& option) {
 void checkDataOptions(const RunOptions& options) {
     const vexhost::DataFileOptions& data = options.dataOptions;
     const char* fileOption = !data.colourBy.empty()           ? "--color-by"
+                             : !data.hiddenBlocks.empty()     ? "--hide-block"
                              : !data.streamtraceArray.empty() ? "--streamtraces"
                              : options.seedGiven              ? "--seed-line or --seed-plane"
                                                               : nullptr;
@@ -255,6 +259,7 @@ const char* CommandLine::usage() {
            "  --color-by NAME    colour the data file by this point or cell array; NAME:X, :Y, "
            ":Z,\n"
            "                     :N or :magnitude for a vector (default: the first scalar array)\n"
+           "  --hide-block NAME  load the block of this name without drawing it (repeatable)\n"
            "  --streamtraces ARRAY\n"
            "                     trace streams along this vector array of the data file, from:\n"
            "  --seed-line X1,Y1,Z1,X2,Y2,Z2,COUNT\n"

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace vexhost {
 
@@ -13,6 +14,12 @@ struct DataFileOptions {
     // "NAME:X", "NAME:Y", "NAME:Z" or "NAME:<component number from 0>". Empty: the first scalar
     // point array, else the first scalar cell array, else no colouring (one lit colour).
     std::string colourBy;
+
+    // Blocks whose zones are loaded disabled and without a surface (their data still carries
+    // streamtraces): a volume's outer surface would hide the streamtraces inside it. Names as
+    // DataFileReader names blocks: the block's own name in a multiblock file, else the file's (or
+    // series') base name.
+    std::vector<std::string> hiddenBlocks;
 
     // Streamtraces along this vector array of the first time step; empty: none.
     std::string streamtraceArray;

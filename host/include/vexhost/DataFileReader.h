@@ -9,8 +9,10 @@
 // multiblock file, else the file's name without folder and extension). A single file's zones
 // belong to no strand and carry the file's TimeValue (0 without one). In a time series, block b
 // of every step is a zone of strand b + 1 with the step's time: the .pvd's timestep, else the
-// file's TimeValue, else the series number. Volumes become their outer surface; everything is
-// triangulated; vertices, lines and empty blocks are left out.
+// file's TimeValue, else the series number. Zones of the blocks DataFileOptions::hiddenBlocks
+// names are disabled and have no geometry (the box, colour range and view leave them out). Volumes
+// become their outer surface; everything is triangulated; vertices, lines and empty blocks are left
+// out.
 //
 // Colour: the array DataFileOptions::colourBy names, per point, or per cell (each triangle then
 // has its own three vertices and is one colour). A block without the array has no scalars.

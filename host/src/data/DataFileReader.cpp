@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <set>
 
 #include <vtkCompositeDataIterator.h>
 #include <vtkCompositeDataSet.h>
@@ -104,6 +105,7 @@ LoadedData DataFileReader::read(const std::string& path, const DataFileOptions& 
     int colourComponents = 1;
     vtkIdType cells = 0;
     std::vector<vtkSmartPointer<vtkDataObject>> firstStep;
+    std::set<std::string> blockNames;
 
     for (std::size_t s = 0; s < series.steps.size(); ++s) {
         const FileSeries::Step& step = series.steps[s];
@@ -131,8 +133,12 @@ LoadedData DataFileReader::read(const std::string& path, const DataFileOptions& 
         for (std::size_t b = 0; b < blocks.size(); ++b) {
             const Block& block = blocks[b];
             cells += block.data->GetNumberOfCells();
-            if (!colourChosen && block.data->GetNumberOfCells() > 0) {
-                // The first block that has cells decides; a named array must be in it.
+            const std::string blockName = block.name.empty() ? series.baseName : block.name;
+            blockNames.insert(blockName);
+            const bool hidden = std::find(options.hiddenBlocks.begin(), options.hiddenBlocks.end(),
+                                          blockName) != options.hiddenBlocks.end();
+            if (!hidden && !colourChosen && block.data->GetNumberOfCells() > 0) {
+                // The first shown block that has cells decides; a named array must be in it.
                 colour = ArrayChoice::choose(*block.data, options.colourBy, path);
                 if (vtkDataArray* array = colour.find(*block.data))
                     colourComponents = array->GetNumberOfComponents();
@@ -143,7 +149,11 @@ LoadedData DataFileReader::read(const std::string& path, const DataFileOptions& 
                         (series.isSeries ? " t=" + formatTime(stepTime) : "");
             zone.solutionTime = stepTime;
             zone.strandId = series.isSeries ? static_cast<int32_t>(b + 1) : 0;
-            zone.geometry = SurfaceBuilder::build(*block.data, colour, path);
+            // A hidden block keeps its place (zone numbers and strands stay those of the file)
+            // but has no surface: it neither costs memory nor widens the colour range or the box.
+            zone.enabled = !hidden;
+            if (!hidden)
+                zone.geometry = SurfaceBuilder::build(*block.data, colour, path);
             loaded.zones.push_back(std::move(zone));
         }
         if (loaded.times.empty() || loaded.times.back() != stepTime)
@@ -154,6 +164,19 @@ LoadedData DataFileReader::read(const std::string& path, const DataFileOptions& 
 
     if (cells == 0)
         throw DataFileError("Cannot show \"" + path + "\": the data set has no cells.");
+    for (const std::string& hidden : options.hiddenBlocks) {
+        if (blockNames.count(hidden) == 0) {
+            std::string names;
+            for (const std::string& name : blockNames)
+                names += (names.empty() ? "" : ", ") + name;
+            throw DataFileError("Cannot hide \"" + hidden + "\" in \"" + path +
+                                "\": it has no block of that name (it has " + names + ").");
+        }
+    }
+    const bool anyShown = std::any_of(loaded.zones.begin(), loaded.zones.end(),
+                                      [](const Zone& zone) { return zone.enabled; });
+    if (!anyShown)
+        throw DataFileError("Cannot show \"" + path + "\": every block of it is hidden.");
     if (loaded.triangleCount() == 0)
         throw DataFileError("Cannot show \"" + path +
                             "\": it has no surface or volume to draw, only points or lines.");
@@ -177,8 +200,10 @@ LoadedData DataFileReader::read(const std::string& path, const DataFileOptions& 
     }
 
     bool any = false;
-    for (const Zone& zone : loaded.zones)
-        includeBounds(loaded, zone.geometry->positions, any);
+    for (const Zone& zone : loaded.zones) {
+        if (zone.geometry != nullptr)
+            includeBounds(loaded, zone.geometry->positions, any);
+    }
     for (const auto& trace : loaded.streamtraces)
         includeBounds(loaded, trace->points, any);
     return loaded;

@@ -11,6 +11,7 @@
 #include <vtkDataArray.h>
 #include <vtkDataSet.h>
 #include <vtkLineSource.h>
+#include <vtkMultiBlockDataSet.h>
 #include <vtkNew.h>
 #include <vtkPlaneSource.h>
 #include <vtkPointData.h>
@@ -67,6 +68,9 @@ std::vector<std::shared_ptr<const Streamtrace>> StreamtraceBuilder::trace(
     };
     bool onPoints = false, onCells = false;
     double diagonal = 0;
+    // Only the blocks that carry the flow are traced through: VTK's tracer gives up on a
+    // multiblock as soon as one block lacks the array (a wall beside the fluid, say).
+    auto carriers = vtkSmartPointer<vtkMultiBlockDataSet>::New();
     for (vtkDataSet* set : leaves(data)) {
         vtkDataArray* array = set->GetPointData()->GetArray(arrayName.c_str());
         vtkDataArray* cellArray = set->GetCellData()->GetArray(arrayName.c_str());
@@ -79,7 +83,10 @@ std::vector<std::shared_ptr<const Streamtrace>> StreamtraceBuilder::trace(
         }
         onPoints = onPoints || array != nullptr;
         onCells = onCells || cellArray != nullptr;
-        diagonal = std::max(diagonal, set->GetLength());
+        if (array != nullptr || cellArray != nullptr) {
+            carriers->SetBlock(carriers->GetNumberOfBlocks(), set);
+            diagonal = std::max(diagonal, set->GetLength());
+        }
     }
     if (!onPoints && !onCells)
         throw cannot("the data has no point or cell array of that name.");
@@ -87,10 +94,11 @@ std::vector<std::shared_ptr<const Streamtrace>> StreamtraceBuilder::trace(
     VtkErrorCapture capture;
     vtkNew<vtkStreamTracer> tracer;
     vtkNew<vtkCellDataToPointData> toPoints;
+    vtkDataObject* flow = carriers->GetNumberOfBlocks() == 1 ? carriers->GetBlock(0) : carriers;
     if (onPoints) {
-        tracer->SetInputData(&data);
+        tracer->SetInputData(flow);
     } else {
-        toPoints->SetInputData(&data);
+        toPoints->SetInputData(flow);
         toPoints->PassCellDataOff();
         tracer->SetInputConnection(toPoints->GetOutputPort());
     }

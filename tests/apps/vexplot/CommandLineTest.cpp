@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -89,6 +90,29 @@ TEST(CommandLineTest, LaterValueOfAnOptionWins) {
     EXPECT_EQ("b", options.tracePath);
 }
 
+TEST(CommandLineTest, ReadsADataFileWithItsColourBlocksAndSeeds) {
+    const RunOptions line = CommandLine::parse(
+        {"--data", "out/flow_*.vtu", "--color-by=velocity:X", "--hide-block", "air", "--hide-block",
+         "inlet", "--streamtraces", "velocity", "--seed-line", "0,-1.5,2e-1,1,1.5,0.2,12"});
+    EXPECT_EQ(RunOptions::Data::File, line.data);
+    EXPECT_EQ("out/flow_*.vtu", line.dataPath);
+    EXPECT_EQ("velocity:X", line.dataOptions.colourBy);
+    EXPECT_EQ((std::vector<std::string>{"air", "inlet"}), line.dataOptions.hiddenBlocks);
+    EXPECT_EQ("velocity", line.dataOptions.streamtraceArray);
+    const vexhost::DataFileOptions::Seed& seed = line.dataOptions.seed;
+    EXPECT_EQ(vexhost::DataFileOptions::Seed::Kind::Line, seed.kind);
+    EXPECT_EQ((std::array<double, 3>{0, -1.5, 0.2}), seed.start);
+    EXPECT_EQ((std::array<double, 3>{1, 1.5, 0.2}), seed.end);
+    EXPECT_EQ(12, seed.count);
+
+    const RunOptions plane = CommandLine::parse(
+        {"--data=case.vtm", "--streamtraces", "U", "--seed-plane", "0,0,0,1,0,0,0,2,0,4,5"});
+    EXPECT_EQ(vexhost::DataFileOptions::Seed::Kind::Plane, plane.dataOptions.seed.kind);
+    EXPECT_EQ((std::array<double, 3>{0, 2, 0}), plane.dataOptions.seed.across);
+    EXPECT_EQ(4, plane.dataOptions.seed.count);
+    EXPECT_EQ(5, plane.dataOptions.seed.countAcross);
+}
+
 TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
     EXPECT_TRUE(CommandLine::parse({"--help"}).help);
     EXPECT_TRUE(CommandLine::parse({"-h"}).help);
@@ -97,7 +121,8 @@ TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
 TEST(CommandLineTest, UsageNamesEveryOption) {
     const std::string usage = CommandLine::usage();
     for (const char* option :
-         {"--addon", "--data", "--demo-triangles", "--trace", "--record", "--answer", "--file-name",
+         {"--addon", "--data", "--demo-triangles", "--color-by", "--hide-block", "--streamtraces",
+          "--seed-line", "--seed-plane", "--trace", "--record", "--answer", "--file-name",
           "--stop-at", "--keep-going", "--size", "--help"}) {
         EXPECT_NE(std::string::npos, usage.find(option)) << option;
     }
@@ -136,7 +161,34 @@ INSTANTIATE_TEST_SUITE_P(
         BadCommandLine{"EmptyRecord", {"--record", ""}, "--record needs a file name"},
         BadCommandLine{"EmptyAddOn", {"--addon="}, "--addon needs the path of an add-on library"},
         BadCommandLine{"EmptyFileName", {"--file-name="}, "--file-name needs a file name"},
-        BadCommandLine{"UnknownData", {"--data", "big"}, "--data takes demo or none; found 'big'"},
+        BadCommandLine{"EmptyData", {"--data="}, "--data takes demo, none or a data file"},
+        BadCommandLine{"EmptyColourBy", {"--color-by="}, "--color-by needs the name of an array"},
+        BadCommandLine{"ColourByWithoutFile",
+                       {"--color-by", "p"},
+                       "--color-by needs a data file (--data FILE)"},
+        BadCommandLine{"HideBlockOfTheDemo",
+                       {"--data", "demo", "--hide-block", "air"},
+                       "--hide-block needs a data file (--data FILE)"},
+        BadCommandLine{"StreamtracesWithoutSeed",
+                       {"--data", "f.vtu", "--streamtraces", "U"},
+                       "--streamtraces needs a seed: --seed-line or --seed-plane"},
+        BadCommandLine{"SeedWithoutStreamtraces",
+                       {"--data", "f.vtu", "--seed-line", "0,0,0,1,1,1,4"},
+                       "a seed needs --streamtraces ARRAY"},
+        BadCommandLine{"SeedLineShort",
+                       {"--data", "f.vtu", "--streamtraces", "U", "--seed-line", "0,0,0,1,1,1"},
+                       "--seed-line needs X1,Y1,Z1,X2,Y2,Z2,COUNT: two points and the number of "
+                       "seeds between them (2 to 10000); found '0,0,0,1,1,1'"},
+        BadCommandLine{"SeedLineOneSeed",
+                       {"--data", "f.vtu", "--streamtraces", "U", "--seed-line", "0,0,0,1,1,1,1"},
+                       "--seed-line needs X1,Y1,Z1,X2,Y2,Z2,COUNT: two points and the number of "
+                       "seeds between them (2 to 10000); found '0,0,0,1,1,1,1'"},
+        BadCommandLine{
+            "SeedPlaneWord",
+            {"--data", "f.vtu", "--streamtraces", "U", "--seed-plane", "0,0,0,1,0,0,0,1,x,3,3"},
+            "--seed-plane needs OX,OY,OZ,AX,AY,AZ,BX,BY,BZ,NA,NB: a corner, the corners "
+            "at the ends of its two edges and the number of seeds along each (2 to "
+            "10000); found '0,0,0,1,0,0,0,1,x,3,3'"},
         BadCommandLine{"DemoTrianglesTooFew",
                        {"--demo-triangles", "1"},
                        "--demo-triangles needs a whole number from 2 to 1000000; found '1'"},

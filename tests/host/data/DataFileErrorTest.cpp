@@ -120,9 +120,9 @@ TEST_F(DataFileErrorTest, APvdNamingAMissingFile) {
 TEST_F(DataFileErrorTest, APvdThatIsNotACollection) {
     SampleData::writeXml(*SampleData::plane(2), file("plane.vtp"));
     std::filesystem::copy_file(file("plane.vtp"), file("plane.pvd"));
-    EXPECT_EQ("Cannot read \"" + file("plane.pvd") +
-                  "\": it is not a VTKFile of type \"Collection\".",
-              messageOf(file("plane.pvd")));
+    EXPECT_EQ(
+        "Cannot read \"" + file("plane.pvd") + "\": it is not a VTKFile of type \"Collection\".",
+        messageOf(file("plane.pvd")));
     std::ofstream(file("text.pvd")) << "not xml";
     EXPECT_EQ(0u, messageOf(file("text.pvd")).find("Cannot read \"" + file("text.pvd") + "\": "));
 }
@@ -177,6 +177,19 @@ TEST_F(DataFileErrorTest, ADataSetOfLinesOnly) {
     EXPECT_EQ("Cannot show \"" + file("lines.vtp") +
                   "\": it has no surface or volume to draw, only points or lines.",
               messageOf(file("lines.vtp")));
+}
+
+TEST_F(DataFileErrorTest, HidingABlockTheFileDoesNotHaveOrEveryBlock) {
+    SampleData::writeMultiBlock(file("case.vtm"));
+    DataFileOptions typo;
+    typo.hiddenBlocks = {"fluids"};
+    EXPECT_EQ("Cannot hide \"fluids\" in \"" + file("case.vtm") +
+                  "\": it has no block of that name (it has fluid, wall).",
+              messageOf(file("case.vtm"), typo));
+    DataFileOptions all;
+    all.hiddenBlocks = {"fluid", "wall"};
+    EXPECT_EQ("Cannot show \"" + file("case.vtm") + "\": every block of it is hidden.",
+              messageOf(file("case.vtm"), all));
 }
 
 TEST_F(DataFileErrorTest, StreamtracesAlongAMissingOrScalarArrayOrFromOutside) {

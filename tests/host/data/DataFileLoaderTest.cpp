@@ -77,8 +77,7 @@ TEST_F(DataFileLoaderTest, SpacesStreamtraceMarkersAlongTheLongestTrace) {
         longest = std::max(longest, trace->times.back());
     EXPECT_TRUE(host().style().getBool({"StreamAttributes", "StreamTiming", "ShowMarkers"}));
     EXPECT_NEAR(longest / DataFileLoader::MarkersAlongTrace,
-                host().style().getDouble({"StreamAttributes", "StreamTiming", "DeltaTime"}),
-                1e-6);
+                host().style().getDouble({"StreamAttributes", "StreamTiming", "DeltaTime"}), 1e-6);
 }
 
 TEST_F(DataFileLoaderTest, AFileThatFailsLeavesTheHostAsItWas) {

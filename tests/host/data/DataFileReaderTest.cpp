@@ -116,6 +116,19 @@ TEST_F(DataFileReaderTest, ReadsEachBlockOfAMultiblockFileAsAZoneNamedAfterIt) {
     expectBounds(data, {0, 0, 0}, {2, 1, 1});
 }
 
+TEST_F(DataFileReaderTest, AHiddenBlockKeepsItsZoneDisabledWithoutASurface) {
+    SampleData::writeMultiBlock(file("case.vtm"));
+    DataFileOptions options;
+    options.hiddenBlocks = {"wall"};
+    const LoadedData data = DataFileReader::read(file("case.vtm"), options);
+    ASSERT_EQ(2u, data.zones.size());
+    EXPECT_FALSE(data.zones[0].enabled);
+    EXPECT_EQ(nullptr, data.zones[0].geometry);
+    EXPECT_TRUE(data.zones[1].enabled);
+    EXPECT_EQ(4u * 3 * 2 * 2, data.triangleCount());
+    expectBounds(data, {0, 0, 0}, {2, 1, 1});
+}
+
 TEST_F(DataFileReaderTest, ReadsLegacyStlPlyAndObjSurfaces) {
     SampleData::writeLegacy(*SampleData::box(kBoxX, kBoxY, kBoxZ), file("box.vtk"));
     SampleData::writeStl(*SampleData::plane(kPlane), file("plane.stl"));
