@@ -6,13 +6,15 @@
 set -euo pipefail
 
 # Building vexplot and the add-on, drawing with Mesa's EGL and encoding with FFmpeg's libraries
-# (CMake's OpenGL module asks for libOpenGL whenever EGL is asked for).
+# (CMake's OpenGL module asks for libOpenGL whenever EGL is asked for); reading the field's data
+# files with VTK 9.1 (only its IO and filter modules are linked).
 demo_packages=(
     build-essential cmake pkg-config
     libboost-dev
     libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
     libegl-dev libgl-dev libopengl-dev libegl-mesa0 libgl1-mesa-dri
     libpng-dev
+    libvtk9-dev
 )
 packages=(
     "${demo_packages[@]}"

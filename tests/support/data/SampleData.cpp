@@ -1,5 +1,6 @@
 #include "data/SampleData.h"
 
+#include <cmath>
 #include <fstream>
 #include <stdexcept>
 #include <vector>
@@ -76,7 +77,12 @@ void configure(vtkXMLWriter& writer, const std::string& path, SampleData::Encodi
         case SampleData::Encoding::Binary:
             writer.SetDataModeToBinary();
             break;
-        case SampleData::Encoding::AppendedRawZlib:
+        case SampleData::Encoding::AppendedRaw:
+        writer.SetDataModeToAppended();
+        writer.EncodeAppendedDataOff();
+        writer.SetCompressorTypeToNone();
+        break;
+    case SampleData::Encoding::AppendedRawZlib:
             writer.SetDataModeToAppended();
             writer.EncodeAppendedDataOff();
             writer.SetCompressorTypeToZLib();
@@ -139,6 +145,40 @@ vtkSmartPointer<vtkPolyData> SampleData::plane(int n) {
     out->GetPointData()->AddArray(temperature);
     out->GetPointData()->AddArray(velocity);
     addCellNumbers(*out);
+    return out;
+}
+
+vtkSmartPointer<vtkPolyData> SampleData::terrain(int n) {
+    vtkNew<vtkPoints> points;
+    points->SetDataTypeToFloat();
+    points->SetNumberOfPoints(static_cast<vtkIdType>(n + 1) * (n + 1));
+    auto height = array("height", 1);
+    height->SetNumberOfTuples(points->GetNumberOfPoints());
+    vtkIdType id = 0;
+    for (int j = 0; j <= n; ++j) {
+        for (int i = 0; i <= n; ++i, ++id) {
+            const double x = 4.0 * i / n, y = 3.0 * j / n;
+            const double z = 0.3 * std::sin(2.1 * x) * std::cos(1.7 * y) +
+                             0.15 * std::sin(5.3 * x + 3.1 * y);
+            points->SetPoint(id, x, y, z);
+            height->SetValue(id, static_cast<float>(z));
+        }
+    }
+    vtkNew<vtkCellArray> triangles;
+    triangles->AllocateExact(2 * static_cast<vtkIdType>(n) * n, 6 * static_cast<vtkIdType>(n) * n);
+    for (int j = 0; j < n; ++j) {
+        for (int i = 0; i < n; ++i) {
+            const vtkIdType a = static_cast<vtkIdType>(j) * (n + 1) + i;
+            const vtkIdType lower[3] = {a, a + 1, a + n + 2};
+            const vtkIdType upper[3] = {a, a + n + 2, a + n + 1};
+            triangles->InsertNextCell(3, lower);
+            triangles->InsertNextCell(3, upper);
+        }
+    }
+    auto out = vtkSmartPointer<vtkPolyData>::New();
+    out->SetPoints(points);
+    out->SetPolys(triangles);
+    out->GetPointData()->AddArray(height);
     return out;
 }
 

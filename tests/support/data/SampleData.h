@@ -7,6 +7,8 @@
 // - a box: [0, 2] x [0, 1] x [0, 1] as nx x ny x nz hexahedra, point arrays "temperature" = x and
 //   "flow" = (1, 0, 0.25 z) (a uniform stream along x), the cell array "pressure" = cell number;
 //   its outer surface has 4 (nx ny + ny nz + nz nx) triangles.
+// - a terrain: a rolling height field over [0, 4] x [0, 3] as 2 n^2 triangles (written as
+//   triangles, as large meshes come from a mesher), with the point scalar "height";
 // Each can carry a "TimeValue" as VTK keeps a data set's time.
 #ifndef VEXTEST_SAMPLEDATA_H
 #define VEXTEST_SAMPLEDATA_H
@@ -25,10 +27,11 @@ namespace vextest {
 
 class SampleData {
 public:
-    enum class Encoding { Ascii, Binary, AppendedRawZlib };
+    enum class Encoding { Ascii, Binary, AppendedRaw, AppendedRawZlib };
 
     static vtkSmartPointer<vtkPolyData> plane(int n);
     static vtkSmartPointer<vtkUnstructuredGrid> box(int nx, int ny, int nz);
+    static vtkSmartPointer<vtkPolyData> terrain(int n);
     // The box as image data (same points, arrays and surface).
     static vtkSmartPointer<vtkImageData> boxImage(int nx, int ny, int nz);
     // Adds the data set's own time ("TimeValue" field data).

@@ -1,0 +1,252 @@
+// Data files of the field's sizes, written by the benchmark with VTK (a triangulated terrain with a
+// scalar, VTK XML polygonal data in appended raw binary, as a solver or mesher writes big
+// surfaces), read and drawn as vexplot does it, at 1280 x 720:
+//
+// - BM_Load/Mtri: reading the file into the host's zones (DataFileReader::read), seconds.
+// - BM_Draw/Mtri: one picture of the loaded surface: the first (which uploads the surface) and
+//   then every further one, as in an animation.
+// - BM_SnapshotProcess/Mtri: vexplot from start to exit with --data FILE and one $!SNAPSHOT:
+//   wall-clock seconds and the process's peak resident memory.
+// - BM_FlightProcess: the 91-frame flight (four key frames round the data, 30 frames a segment)
+//   over the file of about 1 million triangles exported as H.264 MP4 at 1280 x 720, vexplot from
+//   start to exit: loading, computing the views, drawing and encoding every frame.
+//
+// Everything but BM_Load runs on threads of its own (the software rasteriser's, the encoder's):
+// times are wall-clock, and each counter is the fastest iteration's (the least disturbed on a
+// shared machine).
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <vtkPolyData.h>
+
+#include "data/SampleData.h"
+#include "support/KeyFrameData.h"
+#include "support/RenderingBenchMain.h"
+#include "support/TemporaryDirectory.h"
+#include "vexhost/DataFileReader.h"
+#include "vexhost/EglRenderer.h"
+#include "vexhost/Frame.h"
+#include "vexhost/SceneState.h"
+#include "vexhost/View3D.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kWidth = 1280;
+constexpr int kHeight = 720;
+
+double secondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// The terrain file of about `millions` million triangles, written once per process.
+const std::string& terrainFile(int millions) {
+    static const vextest::TemporaryDirectory scratch("vexplot-bench-data");
+    static std::map<int, std::string> written;
+    auto found = written.find(millions);
+    if (found != written.end())
+        return found->second;
+    const int n = static_cast<int>(std::lround(std::sqrt(millions * 1e6 / 2)));
+    const std::string path = scratch.file("terrain_" + std::to_string(millions) + "M.vtp");
+    vextest::SampleData::writeXml(*vextest::SampleData::terrain(n), path,
+                                  vextest::SampleData::Encoding::AppendedRaw);
+    return written.emplace(millions, path).first->second;
+}
+
+struct ProcessRun {
+    bool ok = false;
+    double seconds = 0;
+    double peakMegabytes = 0;
+};
+
+ProcessRun runVexplot(const std::vector<std::string>& arguments) {
+    std::vector<const char*> argv = {"vexplot"};
+    for (const std::string& argument : arguments)
+        argv.push_back(argument.c_str());
+    argv.push_back(nullptr);
+    const Clock::time_point start = Clock::now();
+    const pid_t child = fork();
+    if (child == 0) {
+        const int devNull = ::open("/dev/null", O_WRONLY);
+        dup2(devNull, STDERR_FILENO);
+        execv(VEXPLOT_PATH, const_cast<char* const*>(argv.data()));
+        _exit(127);
+    }
+    int status = 0;
+    rusage usage{};
+    ProcessRun run;
+    run.ok = child > 0 && wait4(child, &status, 0, &usage) == child && WIFEXITED(status) &&
+             WEXITSTATUS(status) == 0;
+    run.seconds = secondsSince(start);
+    run.peakMegabytes = usage.ru_maxrss / 1024.0;
+    return run;
+}
+
+// The scene vexplot draws of loaded data: its zones, range and box, seen as fitted.
+vexhost::SceneState sceneOf(const vexhost::LoadedData& data) {
+    vexhost::Frame frame(1, VexPlotType_Cartesian3D);
+    frame.setPosAndSize(0, 0, kWidth / 100.0, kHeight / 100.0);
+    frame.fitView(data.boundsMin, data.boundsMax);
+    const vexhost::View3D& view = frame.view();
+    vexhost::SceneState scene;
+    for (int a = 0; a < 3; ++a) {
+        scene.camera.position[a] = view.position()[a];
+        scene.camera.rotateOrigin[a] = view.rotateOrigin()[a];
+        scene.boundsMin[a] = data.boundsMin[a];
+        scene.boundsMax[a] = data.boundsMax[a];
+    }
+    scene.camera.psi = view.psi();
+    scene.camera.theta = view.theta();
+    scene.camera.alpha = view.alpha();
+    scene.camera.viewWidth = view.width();
+    scene.scalarMin = -0.45f;
+    scene.scalarMax = 0.45f;
+    for (const vexhost::Zone& zone : data.zones)
+        scene.zones.push_back(zone.geometry);
+    return scene;
+}
+
+void BM_Load(benchmark::State& state) {
+    const std::string& file = terrainFile(static_cast<int>(state.range(0)));
+    double fastest = 1e9;
+    std::size_t triangles = 0;
+    for (auto _ : state) {
+        const Clock::time_point start = Clock::now();
+        const vexhost::LoadedData data = vexhost::DataFileReader::read(file);
+        const double seconds = secondsSince(start);
+        fastest = std::min(fastest, seconds);
+        state.SetIterationTime(seconds);
+        triangles = data.triangleCount();
+    }
+    state.counters["triangles"] = static_cast<double>(triangles);
+    state.counters["fastest_s"] = fastest;
+}
+
+void BM_Draw(benchmark::State& state) {
+    const vexhost::LoadedData data =
+        vexhost::DataFileReader::read(terrainFile(static_cast<int>(state.range(0))));
+    const vexhost::SceneState scene = sceneOf(data);
+    std::unique_ptr<vexhost::EglRenderer> renderer = vexhost::EglRenderer::create();
+    state.SetLabel(renderer->description());
+    Clock::time_point start = Clock::now();
+    renderer->render(scene, kWidth, kHeight, 1);
+    state.counters["first_s"] = secondsSince(start);
+    double fastest = 1e9;
+    for (auto _ : state) {
+        start = Clock::now();
+        renderer->render(scene, kWidth, kHeight, 1);
+        const double seconds = secondsSince(start);
+        fastest = std::min(fastest, seconds);
+        state.SetIterationTime(seconds);
+    }
+    state.counters["fastest_ms"] = 1000 * fastest;
+}
+
+void BM_SnapshotProcess(benchmark::State& state) {
+    const std::string& file = terrainFile(static_cast<int>(state.range(0)));
+    const vextest::TemporaryDirectory scratch("vexplot-bench-data-run");
+    const std::string macro = scratch.file("snap.mcr");
+    std::ofstream(macro) << "$!SNAPSHOT \"" << scratch.file("snap.png") << "\"\n";
+    double fastest = 1e9, peak = 0;
+    for (auto _ : state) {
+        const ProcessRun run = runVexplot({"--data", file, "--size", "1280x720", macro});
+        if (!run.ok) {
+            state.SkipWithError("vexplot failed");
+            break;
+        }
+        fastest = std::min(fastest, run.seconds);
+        peak = std::max(peak, run.peakMegabytes);
+        state.SetIterationTime(run.seconds);
+    }
+    state.counters["fastest_s"] = fastest;
+    state.counters["peak_MB"] = peak;
+}
+
+// Four views round the terrain from its fitted view, each a quarter turn on from the last and
+// tilted a little differently: 30 frames a segment, 91 frames.
+void writeFlight(const std::string& path, const std::string& dataFile) {
+    const vexhost::LoadedData data = vexhost::DataFileReader::read(dataFile);
+    vexhost::Frame frame(1, VexPlotType_Cartesian3D);
+    frame.setPosAndSize(0, 0, kWidth / 100.0, kHeight / 100.0);
+    frame.fitView(data.boundsMin, data.boundsMax);
+    const vexhost::View3D& fitted = frame.view();
+    const vexhost::View3D::Vector centre = fitted.rotateOrigin();
+    double distance = 0;
+    for (int a = 0; a < 3; ++a)
+        distance += std::pow(fitted.position()[a] - centre[a], 2);
+    distance = std::sqrt(distance);
+    std::vector<vextest::KeyFrame_s> keyFrames;
+    const double tilts[] = {60, 50, 65, 55};
+    for (int k = 0; k < 4; ++k) {
+        const double psi = tilts[k], theta = fitted.theta() + 90.0 * k;
+        const vexhost::View3D::Matrix r = vexhost::View3D::orientation(psi, theta, 0);
+        const vextest::KeyFrameView_s view{centre[0] + distance * r[2],
+                                           centre[1] + distance * r[5],
+                                           centre[2] + distance * r[8],
+                                           psi,
+                                           theta,
+                                           0,
+                                           fitted.width() * (k % 2 == 0 ? 1.0 : 0.8)};
+        keyFrames.push_back(vextest::keyFrame("View " + std::to_string(k + 1), view,
+                                             k == 3 ? 1 : 30));
+    }
+    vextest::writeSettingsFile(path, keyFrames, vextest::animationSettings(vextest::option::None));
+}
+
+void BM_FlightProcess(benchmark::State& state) {
+    const std::string& file = terrainFile(1);
+    const vextest::TemporaryDirectory scratch("vexplot-bench-data-flight");
+    const std::string flight = scratch.file("flight.keyframe");
+    writeFlight(flight, file);
+    const std::string macro = scratch.file("flight.mcr");
+    std::ofstream(macro) << "$!EXPORTSETUP ExportFormat = MPEG4\n"
+                            "$!EXPORTSETUP ImageWidth = 1280\n"
+                            "$!EXPORTSETUP AnimationSpeed = 30\n"
+                            "$!EXPORTSETUP ExportFName = \""
+                         << scratch.file("flight.mp4")
+                         << "\"\n"
+                            "$!ADDON \"Key Frame Animation\" OpenSettingsFile FileName="
+                         << flight
+                         << "\n"
+                            "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=ToFile\n";
+    double fastest = 1e9, peak = 0;
+    for (auto _ : state) {
+        const ProcessRun run = runVexplot({"--data", file, "--size", "1280x720", macro});
+        if (!run.ok) {
+            state.SkipWithError("vexplot failed");
+            break;
+        }
+        fastest = std::min(fastest, run.seconds);
+        peak = std::max(peak, run.peakMegabytes);
+        state.SetIterationTime(run.seconds);
+    }
+    state.counters["fastest_s"] = fastest;
+    state.counters["peak_MB"] = peak;
+}
+
+BENCHMARK(BM_Load)->ArgName("Mtri")->Arg(1)->Arg(5)->Arg(10)->Unit(benchmark::kMillisecond)
+    ->UseManualTime()->Iterations(3);
+BENCHMARK(BM_Draw)->ArgName("Mtri")->Arg(1)->Arg(5)->Arg(10)->Unit(benchmark::kMillisecond)
+    ->UseManualTime()->Iterations(5);
+BENCHMARK(BM_SnapshotProcess)->ArgName("Mtri")->Arg(1)->Arg(5)->Arg(10)
+    ->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(BM_FlightProcess)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return vexbench::renderingBenchmarkMain(argc, argv);
+}
