@@ -13,6 +13,8 @@ demo_packages=(
     libavformat-dev libavcodec-dev libavutil-dev libswscale-dev
     libegl-dev libgl-dev libopengl-dev libegl-mesa0 libgl1-mesa-dri
     libpng-dev
+    # Text in pictures (axis labels, the colour legend): FreeType and the DejaVu Sans font
+    libfreetype-dev fonts-dejavu-core
 )
 packages=(
     "${demo_packages[@]}"

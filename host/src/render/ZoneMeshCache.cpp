@@ -23,8 +23,9 @@ void validate(const ZoneGeometry& g) {
     check(g.normals.empty() || g.normals.size() == g.positions.size(),
           "has " + std::to_string(g.normals.size()) + " normal values for " + std::to_string(n) +
               " vertices");
-    check(g.scalars.size() == n, "has " + std::to_string(g.scalars.size()) + " scalars for " +
-                                     std::to_string(n) + " vertices");
+    check(g.scalars.empty() || g.scalars.size() == n, "has " + std::to_string(g.scalars.size()) +
+                                                          " scalars for " + std::to_string(n) +
+                                                          " vertices");
     check(g.triangles.size() % 3 == 0,
           "has " + std::to_string(g.triangles.size()) + " triangle indices, not a multiple of 3");
     for (uint32_t index : g.triangles) {
@@ -96,6 +97,7 @@ const ZoneMeshCache::Mesh& ZoneMeshCache::mesh(
 
     Mesh mesh;
     mesh.source = geometry;
+    mesh.hasScalars = !g.scalars.empty();
     const std::size_t n = g.vertexCount();
     std::vector<float> interleaved(n * kFloatsPerVertex);
     for (std::size_t v = 0; v < n; ++v) {
@@ -104,7 +106,7 @@ const ZoneMeshCache::Mesh& ZoneMeshCache::mesh(
             out[k] = g.positions[3 * v + k];
             out[3 + k] = normals[3 * v + k];
         }
-        out[6] = g.scalars[v];
+        out[6] = mesh.hasScalars ? g.scalars[v] : 0.0f;
         mesh.box.include(out[0], out[1], out[2]);
     }
 
