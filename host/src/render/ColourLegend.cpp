@@ -28,8 +28,9 @@ void ColourLegend::paint(TextPainter& painter, int width, int height) const {
     const double barHeight = kBarHeight * height;
     const double barWidth = size;
 
-    // No more values than fit beside the bar with a line between them.
-    const int target = std::clamp(static_cast<int>(barHeight / (2 * lineHeight)), 1, kMaxValues);
+    // No more values than fit beside the bar with a line between them, and at least two, so the
+    // bar reads as a scale even in a thumbnail.
+    const int target = std::clamp(static_cast<int>(barHeight / (2 * lineHeight)), 2, kMaxValues);
     const TickScale scale(scalarMin, scalarMax, target);
     std::vector<std::string> labels;
     int labelWidth = 0;

@@ -521,7 +521,7 @@ void EglRenderer::Resources::addAxisLabels(const DrawList& list, const SceneCame
     for (int a = 0; a < 3; ++a) {
         double end[2];
         lineVisible[a] = cornerShown && toPixels(axis.end(a), end) &&
-                         unit(corner, end, 0, -1, lineDirections[a]);
+                         unit(corner, end, -M_SQRT1_2, M_SQRT1_2, lineDirections[a]);
     }
     // Names first, beyond their lines' ends: they are never left out.
     for (const FrameAxis::Label& label : axis.labels()) {
