@@ -20,6 +20,7 @@
 #include "render/SceneCamera.h"
 #include "render/StreamtraceMarks.h"
 #include "render/TextPainter.h"
+#include "render/VertexLayout.h"
 #include "render/ZoneMeshCache.h"
 #include "vexhost/ColourMap.h"
 
@@ -187,11 +188,7 @@ struct EglRenderer::Resources {
         glBindBuffer(GL_ARRAY_BUFFER, cubeVertices.name());
         glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(cube.size() * sizeof(float)),
                      cube.data(), GL_STATIC_DRAW);
-        glEnableVertexAttribArray(0);
-        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float), nullptr);
-        glEnableVertexAttribArray(1);
-        glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float),
-                              reinterpret_cast<const void*>(3 * sizeof(float)));
+        setInterleavedFloatAttributes({3, 3});  // position, normal
         glBindBuffer(GL_ARRAY_BUFFER, markerOffsets.name());
         glEnableVertexAttribArray(3);
         glVertexAttribPointer(3, 3, GL_FLOAT, GL_FALSE, 3 * sizeof(float), nullptr);
@@ -199,11 +196,7 @@ struct EglRenderer::Resources {
 
         glBindVertexArray(lineArray.name());
         glBindBuffer(GL_ARRAY_BUFFER, lineVertices.name());
-        glEnableVertexAttribArray(0);
-        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float), nullptr);
-        glEnableVertexAttribArray(1);
-        glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float),
-                              reinterpret_cast<const void*>(3 * sizeof(float)));
+        setInterleavedFloatAttributes({3, 3});  // position, colour
         glBindVertexArray(0);
         glBindBuffer(GL_ARRAY_BUFFER, 0);
 

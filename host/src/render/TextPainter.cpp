@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "render/VertexLayout.h"
+
 namespace vexhost {
 namespace {
 
@@ -43,15 +45,7 @@ constexpr std::size_t kMaxAtlases = 4;
 TextPainter::TextPainter() : program_(kVertexShader, kFragmentShader) {
     glBindVertexArray(vertexArray_.name());
     glBindBuffer(GL_ARRAY_BUFFER, vertices_.name());
-    const GLsizei stride = kFloatsPerVertex * sizeof(float);
-    glEnableVertexAttribArray(0);
-    glVertexAttribPointer(0, 2, GL_FLOAT, GL_FALSE, stride, nullptr);
-    glEnableVertexAttribArray(1);
-    glVertexAttribPointer(1, 2, GL_FLOAT, GL_FALSE, stride,
-                          reinterpret_cast<const void*>(2 * sizeof(float)));
-    glEnableVertexAttribArray(2);
-    glVertexAttribPointer(2, 3, GL_FLOAT, GL_FALSE, stride,
-                          reinterpret_cast<const void*>(4 * sizeof(float)));
+    setInterleavedFloatAttributes({2, 2, 3});  // position, texel, colour: kFloatsPerVertex
     glBindVertexArray(0);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "render/VertexLayout.h"
+
 namespace vexhost {
 namespace {
 
@@ -117,15 +119,7 @@ const ZoneMeshCache::Mesh& ZoneMeshCache::mesh(
     glBindBuffer(GL_ARRAY_BUFFER, mesh.vertices.name());
     glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(interleaved.size() * sizeof(float)),
                  interleaved.data(), GL_STATIC_DRAW);
-    const GLsizei stride = kFloatsPerVertex * sizeof(float);
-    glEnableVertexAttribArray(0);
-    glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, stride, nullptr);
-    glEnableVertexAttribArray(1);
-    glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, stride,
-                          reinterpret_cast<const void*>(3 * sizeof(float)));
-    glEnableVertexAttribArray(2);
-    glVertexAttribPointer(2, 1, GL_FLOAT, GL_FALSE, stride,
-                          reinterpret_cast<const void*>(6 * sizeof(float)));
+    setInterleavedFloatAttributes({3, 3, 1});  // position, normal, scalar: kFloatsPerVertex
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mesh.indices.name());
     glBufferData(GL_ELEMENT_ARRAY_BUFFER,
                  static_cast<GLsizeiptr>(g.triangles.size() * sizeof(uint32_t)), g.triangles.data(),
