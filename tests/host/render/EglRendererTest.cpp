@@ -413,6 +413,20 @@ TEST_F(EglRendererTest, GeometryWithAVertexIndexOutOfRangeIsRefused) {
     }
 }
 
+TEST_F(EglRendererTest, GeometryWithScalarsForSomeVerticesOnlyIsRefused) {
+    auto g = std::make_shared<ZoneGeometry>(*flatSquare(1));
+    g->scalars.pop_back();
+    SceneState scene = squareScene(1);
+    scene.zones = {g};
+    try {
+        render(scene);
+        FAIL() << "no exception";
+    } catch (const std::invalid_argument& e) {
+        EXPECT_NE(std::string(e.what()).find("has 3 scalars for 4 vertices"), std::string::npos)
+            << e.what();
+    }
+}
+
 TEST_F(EglRendererTest, StreamtraceWithTimesNotMatchingItsPointsIsRefused) {
     auto trace = std::make_shared<Streamtrace>();
     trace->points = {0, 0, 0, 1, 1, 1};
