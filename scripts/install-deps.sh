@@ -15,6 +15,8 @@ demo_packages=(
     libegl-dev libgl-dev libopengl-dev libegl-mesa0 libgl1-mesa-dri
     libpng-dev
     libvtk9-dev
+    # Text in pictures (axis labels, the colour legend): FreeType and the DejaVu Sans font
+    libfreetype-dev fonts-dejavu-core
 )
 packages=(
     "${demo_packages[@]}"

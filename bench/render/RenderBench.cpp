@@ -70,6 +70,7 @@ void BM_RenderDemoFrame(benchmark::State& state) {
 }
 BENCHMARK(BM_RenderDemoFrame)
     ->ArgNames({"triangles", "width", "height", "supersample"})
+    ->Args({20000, 800, 600, 1})
     ->Args({20000, 1280, 720, 1})
     ->Args({100000, 1280, 720, 1})
     ->Args({100000, 640, 360, 2})

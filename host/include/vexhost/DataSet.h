@@ -10,8 +10,10 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
+#include "vexhost/ColourMap.h"
 #include "vexhost/Streamtrace.h"
 #include "vexhost/Zone.h"
 
@@ -30,7 +32,7 @@ public:
     // One notification for all of them.
     void addZones(std::vector<Zone> zones);
     void addStreamtrace(std::shared_ptr<const Streamtrace> streamtrace);
-    // No zones, no streamtraces, solution time 0.
+    // No zones, no streamtraces, solution time 0, the default colouring.
     void clear();
 
     bool isAvailable() const { return !zones_.empty(); }
@@ -61,6 +63,16 @@ public:
     };
     const Extent& extent() const;
 
+    // How the zones' scalars are shown: the variable they hold (the colour legend's title; empty:
+    // no legend) and the colour map. Rainbow without a variable until set.
+    struct Colouring {
+        std::string variable;
+        ColourMap map = ColourMap::Rainbow;
+    };
+    void setColouring(Colouring colouring);  // sends no state change
+    const Colouring& colouring() const { return colouring_; }
+
+    // As clear(), without a state change.
     void reset();
 
 private:
@@ -70,6 +82,7 @@ private:
     std::vector<Zone> zones_;
     std::vector<std::shared_ptr<const Streamtrace>> streamtraces_;
     double solutionTime_ = 0;
+    Colouring colouring_;
     mutable Extent extent_;
     mutable bool extentValid_ = false;
 };

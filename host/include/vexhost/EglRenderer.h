@@ -3,14 +3,20 @@
 // where one is present.
 //
 // What a picture shows:
-// - every zone as a lit surface, coloured by its scalar through a blue-cyan-green-yellow-red colour
-//   map over [scalarMin, scalarMax];
+// - every zone with scalars as a lit surface, coloured by its scalar through colourMap over
+//   [scalarMin, scalarMax] (Rainbow: blue, cyan, green, yellow, red); every zone without scalars as
+//   a lit surface in one light grey-blue;
 // - one directional light from the viewer whose strength is lightIntensity / 100, plus an ambient
-//   term of backgroundLight / 100. Unlit parts (background, axis box, streamtrace lines) are scaled
-//   by (lightIntensity + backgroundLight) / 100, capped at 1, so lighting 0 and 0 is a black
-//   picture; the host's defaults (75 and 25) show everything at full brightness;
-// - the 3D frame axis (the edges of the data bounds box, and X, Y, Z axis lines in red, green and
-//   blue) when axisShow;
+//   term of backgroundLight / 100. Unlit parts (background, axis box, ticks and labels, streamtrace
+//   lines, the legend) are scaled by (lightIntensity + backgroundLight) / 100, capped at 1, so
+//   lighting 0 and 0 is a black picture; the host's defaults (75 and 25) show everything at full
+//   brightness;
+// - the 3D frame axis when axisShow: the edges of the data bounds box, X, Y, Z axis lines in red,
+//   green and blue, tick marks at round values along them, the values as text beside the ticks
+//   and the axis names at the line ends;
+// - a colour legend at the right edge when colourVariable is not empty and a drawn zone has
+//   scalars: the map as a bar over [scalarMin, scalarMax], round values beside it, the variable's
+//   name above it;
 // - streamtraces as lines; with showMarkers, small cubes at timeAnchor + k * deltaTime along each
 //   trace; with showDashes, only the dash intervals instead of the whole line.
 //
@@ -33,7 +39,8 @@ namespace vexhost {
 class EglRenderer final : public Renderer {
 public:
     // Starts an OpenGL context. Throws std::runtime_error naming the cause when no EGL display or
-    // OpenGL 3.3 core context can be made.
+    // OpenGL 3.3 core context can be made, or when the font for text in pictures
+    // (/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf) cannot be opened.
     static std::unique_ptr<EglRenderer> create();
 
     ~EglRenderer() override;

@@ -4,7 +4,10 @@
 #define VEXHOST_SCENESTATE_H
 
 #include <memory>
+#include <string>
 #include <vector>
+
+#include "vexhost/ColourMap.h"
 
 #include "vexhost/Streamtrace.h"
 #include "vexhost/ZoneGeometry.h"
@@ -12,10 +15,10 @@
 namespace vexhost {
 
 struct CameraState {
-    double position[3] = {0, 0, 0};  // viewer position P
+    double position[3] = {0, 0, 0};        // viewer position P
     double psi = 0, theta = 0, alpha = 0;  // degrees; orientation Rz(theta) * Rx(psi) * Rz(alpha)
-    double viewWidth = 1;            // width of the view in data units (orthographic)
-    double fieldOfView = 30;         // degrees, horizontal (perspective)
+    double viewWidth = 1;                  // width of the view in data units (orthographic)
+    double fieldOfView = 30;               // degrees, horizontal (perspective)
     bool perspective = false;
     double rotateOrigin[3] = {0, 0, 0};
 };
@@ -30,12 +33,15 @@ struct SceneState {
     bool showMarkers = false;
     bool showDashes = false;
     double solutionTime = 0;
-    // The zones drawn: for each strand the zone of the latest time not after solutionTime, and every
-    // enabled zone without a strand.
+    // The zones drawn: for each strand the zone of the latest time not after solutionTime, and
+    // every enabled zone without a strand. Zones with scalars are coloured through colourMap over
+    // [scalarMin, scalarMax]; zones without are drawn in one colour.
     std::vector<std::shared_ptr<const ZoneGeometry>> zones;
     std::vector<std::shared_ptr<const Streamtrace>> streamtraces;
     // The scalar range of the whole data set, so colours do not jump between time steps.
     float scalarMin = 0, scalarMax = 1;
+    ColourMap colourMap = ColourMap::Rainbow;
+    std::string colourVariable;  // the colour legend's title; empty: no legend
     // The axis-aligned box around the whole data set (for the 3D frame axis box).
     float boundsMin[3] = {0, 0, 0}, boundsMax[3] = {1, 1, 1};
 };

@@ -55,6 +55,8 @@ SceneState ActiveFrameScene::scene(bool withZones) const {
     const DataSet::Extent& extent = dataSet_.extent();
     scene.scalarMin = extent.scalarMin;
     scene.scalarMax = extent.scalarMax;
+    scene.colourMap = dataSet_.colouring().map;
+    scene.colourVariable = dataSet_.colouring().variable;
     for (int a = 0; a < 3; ++a) {
         scene.boundsMin[a] = extent.boundsMin[a];
         scene.boundsMax[a] = extent.boundsMax[a];

@@ -5,6 +5,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "vexhost/StateNotifier.h"
 
@@ -128,10 +129,15 @@ void DataSet::changed() {
     extentValid_ = false;
 }
 
+void DataSet::setColouring(Colouring colouring) {
+    colouring_ = std::move(colouring);
+}
+
 void DataSet::reset() {
     zones_.clear();
     streamtraces_.clear();
     solutionTime_ = 0;
+    colouring_ = Colouring();
     changed();
 }
 

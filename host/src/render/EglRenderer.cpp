@@ -1,33 +1,41 @@
 #include "vexhost/EglRenderer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "render/BoundingBox.h"
+#include "render/ColourLegend.h"
 #include "render/EglContext.h"
+#include "render/FrameAxis.h"
 #include "render/GlFramebuffer.h"
 #include "render/GlObject.h"
 #include "render/GlProgram.h"
 #include "render/SceneCamera.h"
 #include "render/StreamtraceMarks.h"
+#include "render/TextPainter.h"
+#include "render/VertexLayout.h"
 #include "render/ZoneMeshCache.h"
+#include "vexhost/ColourMap.h"
 
 namespace vexhost {
 namespace {
 
-// Lit surfaces: zones coloured by their scalar, and marker cubes in one colour (instanced: the cube
-// is scaled by uScale and moved by the per-instance aOffset). The light is worked out per vertex
-// and the colour map per fragment, so colour bands stay sharp on coarse surfaces while the
-// rasteriser interpolates two values only: with dense surfaces of small triangles, interpolation
-// and shading are much of the cost of a picture.
+// Lit surfaces: zones coloured by their scalar, zones without scalars and marker cubes in one
+// colour (instanced: the cube is scaled by uScale and moved by the per-instance aOffset). The light
+// is worked out per vertex and the colour map per fragment, so colour bands stay sharp on coarse
+// surfaces while the rasteriser interpolates two values only: with dense surfaces of small
+// triangles, interpolation and shading are much of the cost of a picture.
 //
 // Two-sided diffuse lighting from a light at the viewer (the +z direction in eye space) plus an
-// ambient term. The colour map runs blue, cyan, green, yellow, red over the scalar range; vLevel is
-// 4 * the position in the range, and the colour write clamps what lies outside it.
+// ambient term. vPosition is the position in the scalar range (the middle for a range of no width);
+// the fragment clamps it to the range and looks the colour up in the map's texture.
 const char* const kLitVertexShader = R"(#version 330 core
 layout(location = 0) in vec3 aPosition;
 layout(location = 1) in vec3 aNormal;
@@ -41,34 +49,38 @@ uniform float uDiffuse;
 uniform float uScalarMin;
 uniform float uScalarMax;
 out float vLight;
-out float vLevel;
+out float vPosition;
 void main() {
     vec4 eye = uModelView * vec4(aPosition * uScale + aOffset, 1.0);
     vec3 normal = mat3(uModelView) * aNormal;
     float len = length(normal);
     vLight = uAmbient + uDiffuse * (len > 0.0 ? abs(normal.z) / len : 1.0);
     float range = uScalarMax - uScalarMin;
-    vLevel = range > 0.0 ? 4.0 * (aScalar - uScalarMin) / range : 2.0;
+    vPosition = range > 0.0 ? (aScalar - uScalarMin) / range : 0.5;
     gl_Position = uProjection * eye;
 }
 )";
 
+// The texture's texels are the map at 0, 1 / (n - 1), ..., 1: position t is at texel t * (n - 1),
+// whose centre is (t * (n - 1) + 0.5) / n in texture coordinates.
 const char* const kLitFragmentShader = R"(#version 330 core
 in float vLight;
-in float vLevel;
+in float vPosition;
 uniform bool uColourByScalar;
 uniform vec3 uColour;
+uniform sampler1D uColourMap;
+uniform float uColourMapTexels;
 out vec4 fragColour;
 void main() {
-    // Piecewise linear through blue, cyan, green, yellow and red at levels 0 to 4. Negative
-    // components (levels outside 0..4) are written as 0; the cap at 1 keeps the end colours.
-    float x = vLevel;
-    vec3 base = uColourByScalar ? min(vec3(x - 2.0, min(x, 4.0 - x), 2.0 - x), 1.0) : uColour;
+    float t = clamp(vPosition, 0.0, 1.0);
+    vec3 base = uColourByScalar
+        ? texture(uColourMap, (t * (uColourMapTexels - 1.0) + 0.5) / uColourMapTexels).rgb
+        : uColour;
     fragColour = vec4(base * vLight, 1.0);
 }
 )";
 
-// Unlit lines (axis box, axis lines, streamtraces), dimmed with the scene's lighting.
+// Unlit lines (axis box, axis lines and ticks, streamtraces), dimmed with the scene's lighting.
 const char* const kLineVertexShader = R"(#version 330 core
 layout(location = 0) in vec3 aPosition;
 layout(location = 1) in vec3 aColour;
@@ -91,15 +103,21 @@ void main() {
 )";
 
 constexpr float kBackground[3] = {0.08f, 0.09f, 0.12f};
-constexpr float kBoxColour[3] = {0.7f, 0.7f, 0.7f};
-constexpr float kAxisColours[3][3] = {{0.9f, 0.2f, 0.2f}, {0.2f, 0.85f, 0.2f}, {0.3f, 0.45f, 1.0f}};
 constexpr float kStreamtraceColour[3] = {0.92f, 0.92f, 0.92f};
 constexpr float kMarkerColour[3] = {1.0f, 0.35f, 0.85f};
+// Zones without scalars: a light grey-blue that reads as a surface under any lighting and stands
+// apart from every colour map's ends.
+constexpr float kPlainSurfaceColour[3] = {0.72f, 0.77f, 0.85f};
+// Texels of the colour map texture: one more than a power of two, so every control point at a
+// multiple of 1/1024 (all of Rainbow's and CoolWarm's) falls on a texel centre and is drawn
+// exactly.
+constexpr int kColourMapTexels = 1025;
+// Text height in pixels as a share of the picture height, and the smallest that stays legible.
+constexpr double kTextHeight = 0.025;
+constexpr int kMinTextPixels = 11;
 // Marker cube edge, as a share of the data bounds' diagonal: visible at every zoom that shows the
 // whole data set, small enough not to hide the surface.
 constexpr double kMarkerSize = 0.012;
-// Axis lines run this far past the data box, so they stand out from the box edges.
-constexpr double kAxisOvershoot = 0.15;
 // Supersampling is lowered until the drawn picture has at most this many pixels (256 MB of colour
 // and 256 MB of depth): a larger factor would cost more memory than it adds.
 constexpr double kMaxSupersampledPixels = 64.0 * 1024 * 1024;
@@ -130,44 +148,6 @@ std::vector<float> unitCube() {
     return out;
 }
 
-void addLine(std::vector<float>& lines, const double a[3], const double b[3],
-             const float colour[3]) {
-    lines.insert(lines.end(), {static_cast<float>(a[0]), static_cast<float>(a[1]),
-                               static_cast<float>(a[2]), colour[0], colour[1], colour[2],
-                               static_cast<float>(b[0]), static_cast<float>(b[1]),
-                               static_cast<float>(b[2]), colour[0], colour[1], colour[2]});
-}
-
-// The end of the axis line along the given axis: past the data box, so it stands out from the
-// box edges.
-void axisEnd(const BoundingBox& box, int axis, double end[3]) {
-    const double extent = box.max[axis] - box.min[axis];
-    end[0] = box.min[0];
-    end[1] = box.min[1];
-    end[2] = box.min[2];
-    end[axis] += extent > 0 ? extent * (1 + kAxisOvershoot) : 0.1 * box.diagonal();
-}
-
-// The edges of the data box, except the three at the minimum corner, where the axis lines run.
-void addAxis(std::vector<float>& lines, const BoundingBox& box) {
-    for (int axis = 0; axis < 3; ++axis) {
-        const int u = (axis + 1) % 3;
-        const int v = (axis + 2) % 3;
-        for (int corner = 1; corner < 4; ++corner) {
-            double a[3];
-            a[axis] = box.min[axis];
-            a[u] = (corner & 1) ? box.max[u] : box.min[u];
-            a[v] = (corner & 2) ? box.max[v] : box.min[v];
-            double b[3] = {a[0], a[1], a[2]};
-            b[axis] = box.max[axis];
-            addLine(lines, a, b, kBoxColour);
-        }
-        double end[3];
-        axisEnd(box, axis, end);
-        addLine(lines, box.min, end, kAxisColours[axis]);
-    }
-}
-
 void setMatrices(const GlProgram& program, const SceneCamera& camera) {
     glUniformMatrix4fv(program.uniform("uModelView"), 1, GL_FALSE, camera.modelView().data());
     glUniformMatrix4fv(program.uniform("uProjection"), 1, GL_FALSE, camera.projection().data());
@@ -186,6 +166,9 @@ struct EglRenderer::Resources {
     GlObject markerOffsets{GlObject::Kind::Buffer};
     GlObject lineArray{GlObject::Kind::VertexArray};
     GlObject lineVertices{GlObject::Kind::Buffer};
+    GlObject colourMapTexture{GlObject::Kind::Texture};
+    ColourMap mapInTexture = ColourMap::Rainbow;  // what colourMapTexture holds
+    TextPainter text;
     GLint maxSize = 0;
     float maxLineWidth = 1;
     std::vector<uint8_t> readback;
@@ -205,11 +188,7 @@ struct EglRenderer::Resources {
         glBindBuffer(GL_ARRAY_BUFFER, cubeVertices.name());
         glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(cube.size() * sizeof(float)),
                      cube.data(), GL_STATIC_DRAW);
-        glEnableVertexAttribArray(0);
-        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float), nullptr);
-        glEnableVertexAttribArray(1);
-        glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float),
-                              reinterpret_cast<const void*>(3 * sizeof(float)));
+        setInterleavedFloatAttributes({3, 3});  // position, normal
         glBindBuffer(GL_ARRAY_BUFFER, markerOffsets.name());
         glEnableVertexAttribArray(3);
         glVertexAttribPointer(3, 3, GL_FLOAT, GL_FALSE, 3 * sizeof(float), nullptr);
@@ -217,13 +196,15 @@ struct EglRenderer::Resources {
 
         glBindVertexArray(lineArray.name());
         glBindBuffer(GL_ARRAY_BUFFER, lineVertices.name());
-        glEnableVertexAttribArray(0);
-        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float), nullptr);
-        glEnableVertexAttribArray(1);
-        glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, 6 * sizeof(float),
-                              reinterpret_cast<const void*>(3 * sizeof(float)));
+        setInterleavedFloatAttributes({3, 3});  // position, colour
         glBindVertexArray(0);
         glBindBuffer(GL_ARRAY_BUFFER, 0);
+
+        glBindTexture(GL_TEXTURE_1D, colourMapTexture.name());
+        glTexParameteri(GL_TEXTURE_1D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+        glTexParameteri(GL_TEXTURE_1D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+        glTexParameteri(GL_TEXTURE_1D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+        loadColourMap(mapInTexture);
 
         const GLenum error = glGetError();
         if (error != GL_NO_ERROR) {
@@ -251,14 +232,32 @@ struct EglRenderer::Resources {
         return factor;
     }
 
+    // The map's colours, sampled at texel centres, in full float precision: the texture's linear
+    // filtering then gives the map's own linear interpolation between control points on texels.
+    void loadColourMap(ColourMap map) {
+        std::vector<float> texels;
+        texels.reserve(3 * kColourMapTexels);
+        for (int i = 0; i < kColourMapTexels; ++i) {
+            const std::array<float, 3> colour =
+                colourMapColour(map, static_cast<double>(i) / (kColourMapTexels - 1));
+            texels.insert(texels.end(), colour.begin(), colour.end());
+        }
+        glBindTexture(GL_TEXTURE_1D, colourMapTexture.name());
+        glTexImage1D(GL_TEXTURE_1D, 0, GL_RGB32F, kColourMapTexels, 0, GL_RGB, GL_FLOAT,
+                     texels.data());
+        mapInTexture = map;
+    }
+
     // What one picture draws, gathered before any drawing.
     struct DrawList {
         BoundingBox dataBox;  // the scene's data bounds, for the axis box
         BoundingBox reach;    // everything that could be drawn, for the depth planes
         std::vector<const ZoneMeshCache::Mesh*> surfaces;
+        bool anyScalars = false;   // a surface is coloured through the map
         std::vector<float> lines;  // x, y, z, r, g, b per vertex: streamtraces first, then the axis
         GLsizei streamtraceVertices = 0;
-        std::vector<float> markers;  // x, y, z per marker
+        std::vector<float> markers;     // x, y, z per marker
+        std::optional<FrameAxis> axis;  // for its labels, when shown
     };
 
     DrawList gather(const SceneState& scene);
@@ -266,6 +265,7 @@ struct EglRenderer::Resources {
     void drawSurfaces(const DrawList& list);
     void drawMarkers(const DrawList& list);
     void drawLines(const DrawList& list, int factor);
+    void addAxisLabels(const DrawList& list, const SceneCamera& camera, int width, int height);
     Image downsample(int width, int height, int factor) const;
 };
 
@@ -314,12 +314,8 @@ EglRenderer::Resources::DrawList EglRenderer::Resources::gather(const SceneState
     list.dataBox.include(scene.boundsMax[0], scene.boundsMax[1], scene.boundsMax[2]);
     // Depth planes come from everything that could be drawn, the axis included whether shown or
     // not: hiding the axis or the markers then changes no other pixel.
-    list.reach = list.dataBox;
-    for (int axis = 0; axis < 3 && !list.dataBox.empty; ++axis) {
-        double end[3];
-        axisEnd(list.dataBox, axis, end);
-        list.reach.include(end[0], end[1], end[2]);
-    }
+    FrameAxis axis(list.dataBox);
+    list.reach = axis.reach();
 
     meshes.prune();
     for (const auto& zone : scene.zones) {
@@ -328,6 +324,7 @@ EglRenderer::Resources::DrawList EglRenderer::Resources::gather(const SceneState
         }
         list.surfaces.push_back(&meshes.mesh(zone));
         list.reach.include(list.surfaces.back()->box);
+        list.anyScalars = list.anyScalars || list.surfaces.back()->hasScalars;
     }
 
     const StreamtraceTiming timing{scene.timeAnchor, scene.deltaTime, scene.showMarkers,
@@ -351,8 +348,9 @@ EglRenderer::Resources::DrawList EglRenderer::Resources::gather(const SceneState
                                                           std::min(room, marks.markers().size())));
     }
     list.streamtraceVertices = static_cast<GLsizei>(list.lines.size() / 6);
-    if (scene.axisShow && !list.dataBox.empty) {
-        addAxis(list.lines, list.dataBox);
+    if (scene.axisShow) {
+        list.lines.insert(list.lines.end(), axis.lines().begin(), axis.lines().end());
+        list.axis = std::move(axis);
     }
     return list;
 }
@@ -383,13 +381,35 @@ void EglRenderer::Resources::draw(const SceneState& scene, int width, int height
     glUniform1f(lit.uniform("uDiffuse"), static_cast<float>(diffuse));
     glUniform1f(lit.uniform("uScalarMin"), scene.scalarMin);
     glUniform1f(lit.uniform("uScalarMax"), scene.scalarMax);
+    if (scene.colourMap != mapInTexture) {
+        loadColourMap(scene.colourMap);
+    }
+    glActiveTexture(GL_TEXTURE0);
+    glBindTexture(GL_TEXTURE_1D, colourMapTexture.name());
+    glUniform1i(lit.uniform("uColourMap"), 0);
+    glUniform1f(lit.uniform("uColourMapTexels"), static_cast<float>(kColourMapTexels));
     drawSurfaces(list);
     drawMarkers(list);
+    glBindTexture(GL_TEXTURE_1D, 0);
 
     lines.use();
     setMatrices(lines, camera);
     glUniform1f(lines.uniform("uBrightness"), brightness);
     drawLines(list, factor);
+
+    // Text follows the picture's height, and the supersample factor like line widths do.
+    const int drawnWidth = width * factor;
+    const int drawnHeight = height * factor;
+    const int textPixels =
+        factor * std::max(kMinTextPixels, static_cast<int>(std::lround(kTextHeight * height)));
+    text.begin(drawnWidth, drawnHeight, textPixels);
+    addAxisLabels(list, camera, drawnWidth, drawnHeight);
+    if (!scene.colourVariable.empty() && list.anyScalars) {
+        const ColourLegend legend{scene.colourVariable, scene.colourMap, scene.scalarMin,
+                                  scene.scalarMax};
+        legend.paint(text, drawnWidth, drawnHeight);
+    }
+    text.draw(brightness);
     glBindVertexArray(0);
 }
 
@@ -397,10 +417,11 @@ void EglRenderer::Resources::drawSurfaces(const DrawList& list) {
     // Surfaces are pushed back a little, so lines lying on them win the depth test.
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1.0f, 1.0f);
-    glUniform1i(lit.uniform("uColourByScalar"), 1);
+    glUniform3fv(lit.uniform("uColour"), 1, kPlainSurfaceColour);
     glUniform1f(lit.uniform("uScale"), 1.0f);
     glVertexAttrib3f(3, 0, 0, 0);  // zones have no per-instance offset
     for (const ZoneMeshCache::Mesh* mesh : list.surfaces) {
+        glUniform1i(lit.uniform("uColourByScalar"), mesh->hasScalars ? 1 : 0);
         glBindVertexArray(mesh->vertexArray.name());
         glDrawRangeElements(GL_TRIANGLES, 0, mesh->lastVertex, mesh->indexCount, GL_UNSIGNED_INT,
                             nullptr);
@@ -438,6 +459,108 @@ void EglRenderer::Resources::drawLines(const DrawList& list, int factor) {
     glDrawArrays(GL_LINES, 0, list.streamtraceVertices);
     glLineWidth(std::min(maxLineWidth, 1.0f * factor));
     glDrawArrays(GL_LINES, list.streamtraceVertices, total - list.streamtraceVertices);
+}
+
+void EglRenderer::Resources::addAxisLabels(const DrawList& list, const SceneCamera& camera,
+                                           int width, int height) {
+    if (!list.axis) {
+        return;
+    }
+    const FrameAxis& axis = *list.axis;
+    const GlyphAtlas& atlas = text.atlas();
+    const double gap = 0.4 * atlas.pixelSize();
+    // Where a point lands, in pixels from the top left.
+    const auto toPixels = [&](const FrameAxis::Point& p, double xy[2]) {
+        if (!camera.project(p.data(), xy[0], xy[1])) {
+            return false;
+        }
+        xy[0] = (xy[0] + 1) / 2 * width;
+        xy[1] = (1 - xy[1]) / 2 * height;
+        return true;
+    };
+    // A direction on screen, or the fallback for one seen end-on.
+    const auto unit = [](const double from[2], const double to[2], double fallbackX,
+                         double fallbackY, double u[2]) {
+        const double length = std::hypot(to[0] - from[0], to[1] - from[1]);
+        u[0] = length < 0.5 ? fallbackX : (to[0] - from[0]) / length;
+        u[1] = length < 0.5 ? fallbackY : (to[1] - from[1]) / length;
+        return length >= 0.5;
+    };
+
+    struct Box {
+        const FrameAxis::Label* label;
+        double x, y, halfWidth, halfHeight;  // middle and half sizes, in pixels
+        bool overlaps(const Box& other, double margin) const {
+            return std::fabs(x - other.x) < halfWidth + other.halfWidth + margin &&
+                   std::fabs(y - other.y) < halfHeight + other.halfHeight + margin;
+        }
+    };
+    // The text's box moved from `at` along u until it keeps `gap` clear of the point.
+    const auto placeBeyond = [&](const FrameAxis::Label& label, const double at[2],
+                                 const double u[2]) {
+        Box box{&label, 0, 0, atlas.textWidth(label.text) / 2.0, atlas.capHeight() / 2.0};
+        const double reach =
+            gap + std::fabs(u[0]) * box.halfWidth + std::fabs(u[1]) * box.halfHeight;
+        box.x = at[0] + u[0] * reach;
+        box.y = at[1] + u[1] * reach;
+        return box;
+    };
+
+    std::vector<Box> placed;
+    double lineDirections[3][2];
+    bool lineVisible[3];
+    double corner[2];
+    const bool cornerShown = toPixels(axis.corner(), corner);
+    for (int a = 0; a < 3; ++a) {
+        double end[2];
+        lineVisible[a] = cornerShown && toPixels(axis.end(a), end) &&
+                         unit(corner, end, -M_SQRT1_2, M_SQRT1_2, lineDirections[a]);
+    }
+    // Names first, beyond their lines' ends: they are never left out.
+    for (const FrameAxis::Label& label : axis.labels()) {
+        double end[2];
+        if (label.name && cornerShown && toPixels(label.to, end)) {
+            placed.push_back(placeBeyond(label, end, lineDirections[label.axis]));
+        }
+    }
+    // Values beside their ticks, clear of the axis line: offset across the line on the tick's side.
+    // An axis seen (nearly) end-on would pile its values up, and shows none; a value that would
+    // cover the text of another axis (near the corner where the lines meet) is left out.
+    for (int a = 0; a < 3; ++a) {
+        if (!lineVisible[a]) {
+            continue;
+        }
+        std::vector<Box> values;
+        for (const FrameAxis::Label& label : axis.labels()) {
+            double base[2], tip[2], tick[2];
+            if (label.name || label.axis != a || !toPixels(label.from, base) ||
+                !toPixels(label.to, tip)) {
+                continue;
+            }
+            double across[2] = {-lineDirections[a][1], lineDirections[a][0]};
+            unit(base, tip, -M_SQRT1_2, M_SQRT1_2, tick);
+            if (across[0] * tick[0] + across[1] * tick[1] < 0) {
+                across[0] = -across[0];
+                across[1] = -across[1];
+            }
+            values.push_back(placeBeyond(label, tip, across));
+        }
+        bool crowded = false;
+        for (std::size_t i = 1; i < values.size(); ++i) {
+            crowded = crowded || values[i].overlaps(values[i - 1], gap / 2);
+        }
+        const std::size_t others = placed.size();
+        for (const Box& value : crowded ? std::vector<Box>() : values) {
+            if (std::none_of(placed.begin(), placed.begin() + static_cast<std::ptrdiff_t>(others),
+                             [&](const Box& other) { return value.overlaps(other, gap / 2); })) {
+                placed.push_back(value);
+            }
+        }
+    }
+    for (const Box& box : placed) {
+        text.addText(box.label->text, box.x, box.y, TextPainter::Align::Centre,
+                     TextPainter::Align::Centre, box.label->colour);
+    }
 }
 
 Image EglRenderer::Resources::downsample(int width, int height, int factor) const {

@@ -1,6 +1,6 @@
-// One OpenGL object name (buffer, vertex array, renderbuffer or framebuffer), deleted when dropped.
-// Every GL object of the renderer lives in one of these, and they are dropped while the renderer's
-// context is current.
+// One OpenGL object name (buffer, vertex array, renderbuffer, framebuffer or texture), deleted when
+// dropped. Every GL object of the renderer lives in one of these, and they are dropped while the
+// renderer's context is current.
 #ifndef VEXHOST_RENDER_GLOBJECT_H
 #define VEXHOST_RENDER_GLOBJECT_H
 
@@ -13,7 +13,7 @@ namespace vexhost {
 
 class GlObject {
 public:
-    enum class Kind { Buffer, VertexArray, Renderbuffer, Framebuffer };
+    enum class Kind { Buffer, VertexArray, Renderbuffer, Framebuffer, Texture };
 
     GlObject() = default;
     explicit GlObject(Kind kind) : kind_(kind) {
@@ -29,6 +29,9 @@ public:
                 break;
             case Kind::Framebuffer:
                 glGenFramebuffers(1, &name_);
+                break;
+            case Kind::Texture:
+                glGenTextures(1, &name_);
                 break;
         }
     }
@@ -65,6 +68,9 @@ private:
                 break;
             case Kind::Framebuffer:
                 glDeleteFramebuffers(1, &name_);
+                break;
+            case Kind::Texture:
+                glDeleteTextures(1, &name_);
                 break;
         }
         name_ = 0;

@@ -110,4 +110,27 @@ SceneCamera::SceneCamera(const CameraState& camera, const BoundingBox& box, int 
     usable_ = allFinite(modelView_) && allFinite(projection_);
 }
 
+bool SceneCamera::project(const double point[3], double& x, double& y) const {
+    double eye[4];
+    for (int row = 0; row < 4; ++row) {
+        eye[row] = modelView_[12 + row];
+        for (int k = 0; k < 3; ++k) {
+            eye[row] += modelView_[k * 4 + row] * point[k];
+        }
+    }
+    double clip[4];
+    for (int row = 0; row < 4; ++row) {
+        clip[row] = 0;
+        for (int k = 0; k < 4; ++k) {
+            clip[row] += projection_[k * 4 + row] * eye[k];
+        }
+    }
+    if (!(clip[3] > 0)) {
+        return false;
+    }
+    x = clip[0] / clip[3];
+    y = clip[1] / clip[3];
+    return std::isfinite(x) && std::isfinite(y);
+}
+
 }  // namespace vexhost

@@ -25,6 +25,10 @@ public:
     // Column-major 4x4 matrices, as OpenGL takes them.
     const std::array<float, 16>& modelView() const { return modelView_; }
     const std::array<float, 16>& projection() const { return projection_; }
+    // Where a point lands in the picture, in normalised device coordinates (-1..1 from left to
+    // right and from bottom to top), through the same matrices the drawing uses. False for a point
+    // at or behind the viewer's plane, which has no place in a perspective picture.
+    bool project(const double point[3], double& x, double& y) const;
 
 private:
     bool usable_ = false;

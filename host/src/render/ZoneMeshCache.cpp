@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "render/VertexLayout.h"
+
 namespace vexhost {
 namespace {
 
@@ -23,8 +25,9 @@ void validate(const ZoneGeometry& g) {
     check(g.normals.empty() || g.normals.size() == g.positions.size(),
           "has " + std::to_string(g.normals.size()) + " normal values for " + std::to_string(n) +
               " vertices");
-    check(g.scalars.size() == n, "has " + std::to_string(g.scalars.size()) + " scalars for " +
-                                     std::to_string(n) + " vertices");
+    check(g.scalars.empty() || g.scalars.size() == n, "has " + std::to_string(g.scalars.size()) +
+                                                          " scalars for " + std::to_string(n) +
+                                                          " vertices");
     check(g.triangles.size() % 3 == 0,
           "has " + std::to_string(g.triangles.size()) + " triangle indices, not a multiple of 3");
     for (uint32_t index : g.triangles) {
@@ -96,6 +99,7 @@ const ZoneMeshCache::Mesh& ZoneMeshCache::mesh(
 
     Mesh mesh;
     mesh.source = geometry;
+    mesh.hasScalars = !g.scalars.empty();
     const std::size_t n = g.vertexCount();
     std::vector<float> interleaved(n * kFloatsPerVertex);
     for (std::size_t v = 0; v < n; ++v) {
@@ -104,7 +108,7 @@ const ZoneMeshCache::Mesh& ZoneMeshCache::mesh(
             out[k] = g.positions[3 * v + k];
             out[3 + k] = normals[3 * v + k];
         }
-        out[6] = g.scalars[v];
+        out[6] = mesh.hasScalars ? g.scalars[v] : 0.0f;
         mesh.box.include(out[0], out[1], out[2]);
     }
 
@@ -115,15 +119,7 @@ const ZoneMeshCache::Mesh& ZoneMeshCache::mesh(
     glBindBuffer(GL_ARRAY_BUFFER, mesh.vertices.name());
     glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(interleaved.size() * sizeof(float)),
                  interleaved.data(), GL_STATIC_DRAW);
-    const GLsizei stride = kFloatsPerVertex * sizeof(float);
-    glEnableVertexAttribArray(0);
-    glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, stride, nullptr);
-    glEnableVertexAttribArray(1);
-    glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, stride,
-                          reinterpret_cast<const void*>(3 * sizeof(float)));
-    glEnableVertexAttribArray(2);
-    glVertexAttribPointer(2, 1, GL_FLOAT, GL_FALSE, stride,
-                          reinterpret_cast<const void*>(6 * sizeof(float)));
+    setInterleavedFloatAttributes({3, 3, 1});  // position, normal, scalar: kFloatsPerVertex
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mesh.indices.name());
     glBufferData(GL_ELEMENT_ARRAY_BUFFER,
                  static_cast<GLsizeiptr>(g.triangles.size() * sizeof(uint32_t)), g.triangles.data(),

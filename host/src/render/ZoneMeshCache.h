@@ -21,17 +21,19 @@ public:
     struct Mesh {
         std::weak_ptr<const ZoneGeometry> source;
         GlObject vertexArray;
-        GlObject vertices;  // interleaved position, normal, scalar
+        GlObject vertices;  // interleaved position, normal, scalar (0 without scalars)
         GlObject indices;
         GLsizei indexCount = 0;
         GLuint lastVertex = 0;  // the highest vertex index, so drawing need not look for it
         BoundingBox box;
+        bool hasScalars = false;  // false: drawn in one colour, not through the colour map
     };
 
     // Drops the meshes of geometries that no longer exist.
     void prune();
     // The mesh of a geometry, uploaded on first use. Throws std::invalid_argument naming the fault
-    // for a geometry whose arrays do not fit together (sizes, indices out of range).
+    // for a geometry whose arrays do not fit together (sizes, indices out of range); no scalars at
+    // all is a geometry of its own kind, not a fault.
     const Mesh& mesh(const std::shared_ptr<const ZoneGeometry>& geometry);
     std::size_t size() const { return meshes_.size(); }
 

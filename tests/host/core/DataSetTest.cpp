@@ -7,7 +7,10 @@
 
 #include "support/HostFixture.h"
 #include "support/SdkPrinters.h"
+#include "vexhost/ColourMap.h"
 #include "vexhost/DataSet.h"
+#include "vexhost/Host.h"
+#include "vexhost/SceneState.h"
 #include "vexhost/StateNotifier.h"
 #include "vexhost/Streamtrace.h"
 #include "vexhost/Zone.h"
@@ -19,6 +22,14 @@ namespace {
 using vextest::ScopedLock;
 
 class DataSetTest : public vextest::HostFixture {};
+
+// Every state change code sent so far, counted.
+std::vector<uint64_t> sentCounts() {
+    std::vector<uint64_t> counts;
+    for (int32_t code = 0; code < 32; ++code)
+        counts.push_back(vexhost::Host::instance().stateChanges().sentCount(code));
+    return counts;
+}
 
 std::vector<VexSetIndex_t> walk(VexSet_pa set) {
     std::vector<VexSetIndex_t> members;
@@ -117,6 +128,33 @@ TEST_F(DataSetTest, AddingZonesAndClearingAreAnnounced) {
     EXPECT_EQ(host().dataSet().solutionTime(), 0);
     EXPECT_EQ(host().stateChanges().sentCount(VexStateChange_DataSetReset), 1u);
     EXPECT_THROW(host().dataSet().zone(1), std::out_of_range);
+}
+
+TEST_F(DataSetTest, ColouringIsRainbowWithoutAVariableUntilSetAndAfterClearingAndReset) {
+    vexhost::DataSet& data = host().dataSet();
+    EXPECT_EQ(data.colouring().variable, "");
+    EXPECT_EQ(data.colouring().map, vexhost::ColourMap::Rainbow);
+    const std::vector<uint64_t> sentBefore = sentCounts();
+    data.setColouring({"Pressure", vexhost::ColourMap::Viridis});
+    EXPECT_EQ(sentCounts(), sentBefore);
+    EXPECT_EQ(data.colouring().variable, "Pressure");
+    EXPECT_EQ(data.colouring().map, vexhost::ColourMap::Viridis);
+    data.clear();
+    EXPECT_EQ(data.colouring().variable, "");
+    EXPECT_EQ(data.colouring().map, vexhost::ColourMap::Rainbow);
+    data.setColouring({"T", vexhost::ColourMap::CoolWarm});
+    data.reset();
+    EXPECT_EQ(data.colouring().variable, "");
+    EXPECT_EQ(data.colouring().map, vexhost::ColourMap::Rainbow);
+}
+
+TEST_F(DataSetTest, SceneOfTheActiveFrameCarriesTheColouring) {
+    EXPECT_EQ(host().scene().colourMap, vexhost::ColourMap::Rainbow);
+    EXPECT_EQ(host().scene().colourVariable, "");
+    host().dataSet().setColouring({"Velocity", vexhost::ColourMap::CoolWarm});
+    const vexhost::SceneState scene = host().scene();
+    EXPECT_EQ(scene.colourMap, vexhost::ColourMap::CoolWarm);
+    EXPECT_EQ(scene.colourVariable, "Velocity");
 }
 
 TEST_F(DataSetTest, ExtentCoversEveryZoneAndStreamtrace) {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -11,6 +13,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "vexhost/ColourMap.h"
 #include "vexhost/DemoDataSet.h"
 
 namespace vexhost {
@@ -49,6 +52,41 @@ std::size_t countDifferentPixels(const Image& a, const Image& b) {
 
 const uint8_t* pixel(const Image& image, int x, int y) {
     return &image.rgb[(static_cast<std::size_t>(y) * image.width + x) * 3];
+}
+
+// A pixel region, corners included.
+struct Region {
+    int left, top, right, bottom;
+};
+
+std::size_t countDifferentPixelsIn(const Image& a, const Image& b, Region region) {
+    std::size_t count = 0;
+    for (int y = std::max(0, region.top); y <= std::min(a.height - 1, region.bottom); ++y) {
+        for (int x = std::max(0, region.left); x <= std::min(a.width - 1, region.right); ++x) {
+            const uint8_t* p = pixel(a, x, y);
+            const uint8_t* q = pixel(b, x, y);
+            count += p[0] != q[0] || p[1] != q[1] || p[2] != q[2] ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+// Whether some pixel of the region is within `tolerance` levels of the colour in every channel.
+bool regionHasColour(const Image& image, Region region, const std::array<float, 3>& colour,
+                     int tolerance) {
+    for (int y = region.top; y <= region.bottom; ++y) {
+        for (int x = region.left; x <= region.right; ++x) {
+            const uint8_t* p = pixel(image, x, y);
+            bool near = true;
+            for (int c = 0; c < 3; ++c) {
+                near = near && std::abs(p[c] - std::lround(255 * colour[c])) <= tolerance;
+            }
+            if (near) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 // One square of 2 x 2 data units in the plane z = 0, facing +z, with one scalar everywhere and no
@@ -128,7 +166,8 @@ TEST_F(EglRendererTest, NoLightAndNoBackgroundLightGiveAnAllBlackPicture) {
     SceneState scene = demoScene();
     scene.lightIntensity = 0;
     scene.backgroundLight = 0;
-    scene.showMarkers = true;  // markers, streamtraces and the axis go dark as well
+    scene.showMarkers = true;  // markers, streamtraces, the axis and its labels go dark as well
+    scene.colourVariable = "Pressure";  // and the legend
     const Image image = render(scene);
     for (std::size_t i = 0; i < image.rgb.size(); ++i) {
         ASSERT_EQ(image.rgb[i], 0) << "byte " << i;
@@ -208,9 +247,9 @@ TEST_F(EglRendererTest, SurfaceBrightnessFollowsLightIntensity) {
     EXPECT_NEAR(ambient[0], 64, 1);
 }
 
-TEST_F(EglRendererTest, AxisBoxChangesOnlyThePixelsOnTheBox) {
+TEST_F(EglRendererTest, AxisLeavesTheInsideOfTheBoxAlone) {
     // Seen straight from above, the box [-1, 1] x [-1, 1] projects to a rectangle and the axis
-    // lines run along its left and bottom edges.
+    // lines run along its left and bottom edges; ticks and labels stand outside it.
     SceneState scene = demoScene();
     scene.streamtraces.clear();
     scene.camera = cameraLookingAtOrigin(0, 0, 0, 5, 3);
@@ -230,10 +269,9 @@ TEST_F(EglRendererTest, AxisBoxChangesOnlyThePixelsOnTheBox) {
             }
             const double dataX = (x + 0.5 - kWidth / 2.0) * pixelSize;
             const double dataY = (kHeight / 2.0 - y - 0.5) * pixelSize;
-            const double distance =
-                std::min(std::fabs(std::fabs(dataX) - 1), std::fabs(std::fabs(dataY) - 1));
-            EXPECT_LE(distance, 1.5 * pixelSize) << "pixel " << x << ", " << y;
-            ++onBox;
+            const double inside = 1 - std::max(std::fabs(dataX), std::fabs(dataY));
+            EXPECT_LE(inside, 1.5 * pixelSize) << "pixel " << x << ", " << y;
+            onBox += std::fabs(inside) <= 1.5 * pixelSize ? 1 : 0;
         }
     }
     // Four edges of about 107 pixels each.
@@ -375,6 +413,20 @@ TEST_F(EglRendererTest, GeometryWithAVertexIndexOutOfRangeIsRefused) {
     }
 }
 
+TEST_F(EglRendererTest, GeometryWithScalarsForSomeVerticesOnlyIsRefused) {
+    auto g = std::make_shared<ZoneGeometry>(*flatSquare(1));
+    g->scalars.pop_back();
+    SceneState scene = squareScene(1);
+    scene.zones = {g};
+    try {
+        render(scene);
+        FAIL() << "no exception";
+    } catch (const std::invalid_argument& e) {
+        EXPECT_NE(std::string(e.what()).find("has 3 scalars for 4 vertices"), std::string::npos)
+            << e.what();
+    }
+}
+
 TEST_F(EglRendererTest, StreamtraceWithTimesNotMatchingItsPointsIsRefused) {
     auto trace = std::make_shared<Streamtrace>();
     trace->points = {0, 0, 0, 1, 1, 1};
@@ -406,6 +458,181 @@ TEST_F(EglRendererTest, GeometryReleasedAndReplacedIsDrawnAfresh) {
         const Image image = render(squareScene(scalar));
         const uint8_t* p = pixel(image, kWidth / 2, kHeight / 2);
         EXPECT_EQ(p[0], round % 2 == 0 ? 0 : 255) << "round " << round;
+    }
+}
+
+// Seen straight from above with a view 4 units wide, the square [-1, 1] x [-1, 1] covers pixels 40
+// to 120 across and 20 to 100 down; the x axis runs along its bottom edge, the y axis along its
+// left edge, and the axis values -1, -0.5, 0, 0.5, 1 stand 10 pixels apart on the data's 0.5 steps.
+SceneState axisScene(SceneState scene) {
+    scene.axisShow = true;
+    return scene;
+}
+
+// Below the bottom edge, centred on the x value's tick, clear of the square.
+Region xValueRegion(double value) {
+    const int x = static_cast<int>(std::lround(kWidth / 2.0 + value * 40));
+    return Region{x - 9, 102, x + 9, kHeight - 1};
+}
+
+// Left of the left edge, beside the y value's tick.
+Region yValueRegion(double value) {
+    const int y = static_cast<int>(std::lround(kHeight / 2.0 - value * 40));
+    return Region{0, y - 5, 37, y + 5};
+}
+
+TEST_F(EglRendererTest, ViridisAndCoolWarmColourTheSurfaceAsTheirTablesSay) {
+    for (ColourMap map : {ColourMap::Viridis, ColourMap::CoolWarm}) {
+        for (float scalar : {0.0f, 0.3f, 0.5f, 0.8f, 1.0f}) {
+            SceneState scene = squareScene(scalar);
+            scene.colourMap = map;
+            const Image image = render(scene);
+            // Lit by the light source alone at full strength, facing it: the map's own colour.
+            const std::array<float, 3> expected = colourMapColour(map, scalar);
+            const uint8_t* p = pixel(image, kWidth / 2, kHeight / 2);
+            for (int c = 0; c < 3; ++c) {
+                EXPECT_NEAR(p[c], 255 * expected[c], 3)
+                    << colourMapName(map) << " at " << scalar << ", channel " << c;
+            }
+        }
+    }
+}
+
+TEST_F(EglRendererTest, ColourMapsDimWithTheLightAsTheRainbowDoes) {
+    SceneState scene = squareScene(0.3f);
+    scene.colourMap = ColourMap::Viridis;
+    scene.lightIntensity = 50;
+    const Image image = render(scene);
+    const std::array<float, 3> expected = colourMapColour(ColourMap::Viridis, 0.3);
+    const uint8_t* p = pixel(image, kWidth / 2, kHeight / 2);
+    for (int c = 0; c < 3; ++c) {
+        EXPECT_NEAR(p[c], 0.5 * 255 * expected[c], 3) << "channel " << c;
+    }
+}
+
+TEST_F(EglRendererTest, ZoneWithoutScalarsIsDrawnInOneColourWhateverTheMap) {
+    auto plain = std::make_shared<ZoneGeometry>(*flatSquare(0));
+    plain->scalars.clear();
+    SceneState scene = squareScene(0);
+    scene.zones = {plain};
+    const Image rainbow = render(scene);
+    scene.colourMap = ColourMap::CoolWarm;
+    scene.scalarMin = -10;
+    const Image coolWarm = render(scene);
+    EXPECT_EQ(rainbow.rgb, coolWarm.rgb);
+
+    const uint8_t* middle = pixel(rainbow, kWidth / 2, kHeight / 2);
+    // A light grey-blue: bright, blue the strongest, no channel far from the others.
+    EXPECT_GT(middle[0], 150);
+    EXPECT_GE(middle[2], middle[1]);
+    EXPECT_GE(middle[1], middle[0]);
+    EXPECT_LT(middle[2] - middle[0], 64);
+    for (int y = 30; y < 90; ++y) {
+        for (int x = 50; x < 110; ++x) {
+            const uint8_t* p = pixel(rainbow, x, y);
+            ASSERT_TRUE(p[0] == middle[0] && p[1] == middle[1] && p[2] == middle[2])
+                << "pixel " << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(EglRendererTest, ZonesWithAndWithoutScalarsAreDrawnTogether) {
+    auto plain = std::make_shared<ZoneGeometry>(*flatSquare(0));
+    plain->scalars.clear();
+    for (float& coordinate : plain->positions) {
+        coordinate *= 0.5f;  // the middle of the square, drawn over it
+    }
+    plain->positions[2] = plain->positions[5] = plain->positions[8] = plain->positions[11] = 0.1f;
+    SceneState scene = squareScene(1);
+    scene.zones.push_back(plain);
+    const Image image = render(scene);
+    const uint8_t* edge = pixel(image, 45, kHeight / 2);
+    EXPECT_EQ(edge[0], 255);  // red: the top of the rainbow
+    EXPECT_EQ(edge[2], 0);
+    const uint8_t* middle = pixel(image, kWidth / 2, kHeight / 2);
+    EXPECT_GT(middle[2], 150);  // the plain zone's light grey-blue
+}
+
+TEST_F(EglRendererTest, LegendShowsTheMapAtTheRightEdgeWhenAVariableIsNamed) {
+    SceneState scene = squareScene(0.5f);
+    scene.colourMap = ColourMap::Viridis;
+    const Image without = render(scene);
+    scene.colourVariable = "Pressure";
+    const Image with = render(scene);
+    const Region right{kWidth * 3 / 4, 0, kWidth - 1, kHeight - 1};
+    const Region left{0, 0, kWidth / 2, kHeight - 1};
+    EXPECT_GT(countDifferentPixelsIn(without, with, right), 200u);
+    EXPECT_EQ(countDifferentPixelsIn(without, with, left), 0u);
+    // The bar runs from the map's first colour to its last, unlit.
+    EXPECT_TRUE(regionHasColour(with, right, colourMapColour(ColourMap::Viridis, 0), 6));
+    EXPECT_TRUE(regionHasColour(with, right, colourMapColour(ColourMap::Viridis, 1), 6));
+    EXPECT_FALSE(regionHasColour(without, right, colourMapColour(ColourMap::Viridis, 1), 6));
+}
+
+TEST_F(EglRendererTest, LegendIsLeftOutWithoutAVariableOrWithoutScalarsToShow) {
+    SceneState scene = squareScene(0.5f);
+    const Image plain = render(scene);
+    scene.colourVariable = "";
+    EXPECT_EQ(render(scene).rgb, plain.rgb);
+
+    auto noScalars = std::make_shared<ZoneGeometry>(*flatSquare(0));
+    noScalars->scalars.clear();
+    scene.zones = {noScalars};
+    const Image withoutVariable = render(scene);
+    scene.colourVariable = "Pressure";
+    EXPECT_EQ(render(scene).rgb, withoutVariable.rgb);
+}
+
+TEST_F(EglRendererTest, AxisValuesStandBesideTheirTicksWhenShownAndNowhereWhenHidden) {
+    const SceneState shown = axisScene(squareScene(0.5f));
+    SceneState hidden = shown;
+    hidden.axisShow = false;
+    const Image withAxis = render(shown);
+    const Image withoutAxis = render(hidden);
+    const uint8_t* background = pixel(withoutAxis, 0, 0);
+    for (double value : {-0.5, 0.0, 0.5}) {
+        EXPECT_GT(countDifferentPixelsIn(withAxis, withoutAxis, xValueRegion(value)), 5u)
+            << "x = " << value;
+        EXPECT_GT(countDifferentPixelsIn(withAxis, withoutAxis, yValueRegion(value)), 5u)
+            << "y = " << value;
+    }
+    // Hidden, the places of the values show the background only.
+    for (const Region& region : {xValueRegion(0), yValueRegion(0)}) {
+        EXPECT_FALSE(regionHasColour(withoutAxis, region, {1, 1, 1}, 200)) << region.left;
+        for (int y = region.top; y <= region.bottom; ++y) {
+            for (int x = region.left; x <= region.right; ++x) {
+                const uint8_t* p = pixel(withoutAxis, x, y);
+                ASSERT_TRUE(p[0] == background[0] && p[1] == background[1] && p[2] == background[2])
+                    << "pixel " << x << ", " << y;
+            }
+        }
+    }
+    // Between the places of -0.5 and 0 there is no text: they are separate labels.
+    EXPECT_EQ(countDifferentPixelsIn(withAxis, withoutAxis, Region{73, 102, 75, kHeight - 1}), 0u);
+}
+
+TEST_F(EglRendererTest, SupersampledPictureKeepsItsAxisValues) {
+    const SceneState shown = axisScene(squareScene(0.5f));
+    SceneState hidden = shown;
+    hidden.axisShow = false;
+    const Image withAxis = render(shown, 3);
+    const Image withoutAxis = render(hidden, 3);
+    for (double value : {-0.5, 0.0, 0.5}) {
+        EXPECT_GT(countDifferentPixelsIn(withAxis, withoutAxis, xValueRegion(value)), 5u)
+            << "x = " << value;
+    }
+}
+
+TEST_F(EglRendererTest, NoLightGivesAnAllBlackPictureWithAxisValuesAndLegend) {
+    SceneState scene = axisScene(squareScene(0.5f));
+    scene.colourVariable = "Pressure";
+    scene.lightIntensity = 0;
+    scene.backgroundLight = 0;
+    for (int supersample : {1, 2}) {
+        const Image image = render(scene, supersample);
+        for (std::size_t i = 0; i < image.rgb.size(); ++i) {
+            ASSERT_EQ(image.rgb[i], 0) << "byte " << i << ", supersample " << supersample;
+        }
     }
 }
 
