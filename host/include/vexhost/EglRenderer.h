@@ -39,8 +39,8 @@ namespace vexhost {
 class EglRenderer final : public Renderer {
 public:
     // Starts an OpenGL context. Throws std::runtime_error naming the cause when no EGL display or
-    // OpenGL 3.3 core context can be made, or when the font for text in pictures
-    // (/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf) cannot be opened.
+    // OpenGL 3.3 core context can be made, or naming the font file when the font for text in
+    // pictures (DejaVu Sans, docs/rendering.md) cannot be opened.
     static std::unique_ptr<EglRenderer> create();
 
     ~EglRenderer() override;
