@@ -10,6 +10,7 @@
 #include "SnapshotCommand.h"
 #include "vexhost/DataFileError.h"
 #include "vexhost/DataFileLoader.h"
+#include "vexhost/DataSet.h"
 #include "vexhost/Drawing.h"
 #include "vexhost/EglRenderer.h"
 #include "vexhost/Exporter.h"
@@ -85,8 +86,10 @@ bool BatchRun::setUp() {
     frame.setPosAndSize(vexhost::Frame::DefaultX, vexhost::Frame::DefaultY,
                         options_.width / vexhost::FrameStack::PixelsPerInch,
                         options_.height / vexhost::FrameStack::PixelsPerInch);
-    if (options_.data == RunOptions::Data::Demo)
+    if (options_.data == RunOptions::Data::Demo) {
         DemoScene::load(host_, options_.demoTriangles);
+        host_.dataSet().setColouring({std::string(), options_.dataOptions.colourMap});
+    }
     if (options_.data == RunOptions::Data::File) {
         try {
             vexhost::DataFileLoader::load(host_, options_.dataPath, options_.dataOptions);

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "UsageError.h"
+#include "vexhost/ColourMap.h"
 
 namespace vexplot {
 namespace app {
@@ -126,6 +127,13 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
         if (value.empty())
             throw UsageError("--color-by needs the name of an array");
         options.dataOptions.colourBy = value;
+    } else if (option == "--colormap") {
+        if (!vexhost::colourMapFromName(value, options.dataOptions.colourMap)) {
+            std::string names;
+            for (const std::string& name : vexhost::colourMapNames())
+                names += (names.empty() ? "" : ", ") + name;
+            throw UsageError("--colormap takes " + names + "; found '" + value + "'");
+        }
     } else if (option == "--hide-block") {
         if (value.empty())
             throw UsageError("--hide-block needs the name of a block");
@@ -172,9 +180,9 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
 
 bool takesValue(const std::string& option) {
     static const char* const WithValue[] = {
-        "--addon",        "--data",      "--demo-triangles", "--color-by", "--hide-block",
-        "--streamtraces", "--seed-line", "--seed-plane",     "--trace",    "--record",
-        "--answer",       "--file-name", "--stop-at",        "--size"};
+        "--addon",      "--data",         "--demo-triangles", "--color-by",   "--colormap",
+        "--hide-block", "--streamtraces", "--seed-line",      "--seed-plane", "--trace",
+        "--record",     "--answer",       "--file-name",      "--stop-at",    "--size"};
     for (const char* known : WithValue) {
         if (option == known)
             return true;
@@ -259,6 +267,9 @@ const char* CommandLine::usage() {
            "  --color-by NAME    colour the data file by this point or cell array; NAME:X, :Y, "
            ":Z,\n"
            "                     :N or :magnitude for a vector (default: the first scalar array)\n"
+           "  --colormap NAME    the colour map: rainbow (default), viridis (perceptually "
+           "uniform)\n"
+           "                     or coolwarm (diverging)\n"
            "  --hide-block NAME  load the block of this name without drawing it (repeatable)\n"
            "  --streamtraces ARRAY\n"
            "                     trace streams along this vector array of the data file, from:\n"

@@ -17,15 +17,16 @@ struct RunOptions {
     bool help = false;
     std::string addOnPath;  // empty: the key frame add-on built with the program
     Data data = Data::Demo;
-    std::string dataPath;                  // Data::File: the file, .pvd or numbered series
-    vexhost::DataFileOptions dataOptions;  // Data::File: colouring and streamtraces
-    bool seedGiven = false;                // --seed-line or --seed-plane was given
-    int demoTriangles = 20000;             // per time step of the demo surface
-    std::string tracePath;                 // empty: no frame trace
-    std::string recordPath;                // empty: the macro recorder stays off
-    std::vector<bool> answers;             // Yes/No answers, in the order given
-    std::vector<std::string> fileNames;    // file dialog answers, in the order given
-    uint64_t stopAt = 0;                   // press Stop at this progress check; 0: never
+    std::string dataPath;  // Data::File: the file, .pvd or numbered series
+    // Data::File: colouring and streamtraces; the colour map also for the demo.
+    vexhost::DataFileOptions dataOptions;
+    bool seedGiven = false;              // --seed-line or --seed-plane was given
+    int demoTriangles = 20000;           // per time step of the demo surface
+    std::string tracePath;               // empty: no frame trace
+    std::string recordPath;              // empty: the macro recorder stays off
+    std::vector<bool> answers;           // Yes/No answers, in the order given
+    std::vector<std::string> fileNames;  // file dialog answers, in the order given
+    uint64_t stopAt = 0;                 // press Stop at this progress check; 0: never
     bool keepGoing = false;
     int width = 800;  // the frame's size in pixels
     int height = 600;

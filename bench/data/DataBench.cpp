@@ -200,8 +200,8 @@ void writeFlight(const std::string& path, const std::string& dataFile) {
                                            theta,
                                            0,
                                            fitted.width() * (k % 2 == 0 ? 1.0 : 0.8)};
-        keyFrames.push_back(vextest::keyFrame("View " + std::to_string(k + 1), view,
-                                             k == 3 ? 1 : 30));
+        keyFrames.push_back(
+            vextest::keyFrame("View " + std::to_string(k + 1), view, k == 3 ? 1 : 30));
     }
     vextest::writeSettingsFile(path, keyFrames, vextest::animationSettings(vextest::option::None));
 }
@@ -237,12 +237,30 @@ void BM_FlightProcess(benchmark::State& state) {
     state.counters["peak_MB"] = peak;
 }
 
-BENCHMARK(BM_Load)->ArgName("Mtri")->Arg(1)->Arg(5)->Arg(10)->Unit(benchmark::kMillisecond)
-    ->UseManualTime()->Iterations(3);
-BENCHMARK(BM_Draw)->ArgName("Mtri")->Arg(1)->Arg(5)->Arg(10)->Unit(benchmark::kMillisecond)
-    ->UseManualTime()->Iterations(5);
-BENCHMARK(BM_SnapshotProcess)->ArgName("Mtri")->Arg(1)->Arg(5)->Arg(10)
-    ->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(BM_Load)
+    ->ArgName("Mtri")
+    ->Arg(1)
+    ->Arg(5)
+    ->Arg(10)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(3);
+BENCHMARK(BM_Draw)
+    ->ArgName("Mtri")
+    ->Arg(1)
+    ->Arg(5)
+    ->Arg(10)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(5);
+BENCHMARK(BM_SnapshotProcess)
+    ->ArgName("Mtri")
+    ->Arg(1)
+    ->Arg(5)
+    ->Arg(10)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(3);
 BENCHMARK(BM_FlightProcess)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
 
 }  // namespace

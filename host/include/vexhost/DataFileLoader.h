@@ -1,9 +1,9 @@
 // Puts a data file into the host: what vexplot's --data FILE and a File menu's Open do. The file
 // is read completely first (DataFileReader); only then does the host's data set change: its zones
-// and streamtraces are replaced, the streamtrace markers are spaced along the traces, the colour
-// legend is named, the solution time is set to the first step's, and the active frame's view is
-// fitted to the data. A file that cannot be read throws DataFileError and leaves the host as it
-// was.
+// and streamtraces are replaced, the streamtrace markers are spaced along the traces, the colouring
+// (the legend's variable and the map) is set, the solution time is set to the first step's, and the
+// active frame's view is fitted to the data. A file that cannot be read throws DataFileError and
+// leaves the host as it was.
 #ifndef VEXHOST_DATAFILELOADER_H
 #define VEXHOST_DATAFILELOADER_H
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "vexhost/ColourMap.h"
+
 namespace vexhost {
 
 struct DataFileOptions {
@@ -14,6 +16,8 @@ struct DataFileOptions {
     // "NAME:X", "NAME:Y", "NAME:Z" or "NAME:<component number from 0>". Empty: the first scalar
     // point array, else the first scalar cell array, else no colouring (one lit colour).
     std::string colourBy;
+    // The map the colours come from.
+    ColourMap colourMap = ColourMap::Rainbow;
 
     // Blocks whose zones are loaded disabled and without a surface (their data still carries
     // streamtraces): a volume's outer surface would hide the streamtraces inside it. Names as

@@ -25,6 +25,7 @@ LoadedData DataFileLoader::load(Host& host, const std::string& path,
     for (const auto& trace : loaded.streamtraces)
         dataSet.addStreamtrace(trace);
     dataSet.setSolutionTime(loaded.times.front());
+    dataSet.setColouring({loaded.colourVariable, options.colourMap});
     if (!loaded.streamtraces.empty()) {
         float longest = 0;
         for (const auto& trace : loaded.streamtraces)

@@ -97,6 +97,7 @@ TEST(CommandLineTest, ReadsADataFileWithItsColourBlocksAndSeeds) {
     EXPECT_EQ(RunOptions::Data::File, line.data);
     EXPECT_EQ("out/flow_*.vtu", line.dataPath);
     EXPECT_EQ("velocity:X", line.dataOptions.colourBy);
+    EXPECT_EQ(vexhost::ColourMap::Rainbow, line.dataOptions.colourMap);
     EXPECT_EQ((std::vector<std::string>{"air", "inlet"}), line.dataOptions.hiddenBlocks);
     EXPECT_EQ("velocity", line.dataOptions.streamtraceArray);
     const vexhost::DataFileOptions::Seed& seed = line.dataOptions.seed;
@@ -105,8 +106,12 @@ TEST(CommandLineTest, ReadsADataFileWithItsColourBlocksAndSeeds) {
     EXPECT_EQ((std::array<double, 3>{1, 1.5, 0.2}), seed.end);
     EXPECT_EQ(12, seed.count);
 
-    const RunOptions plane = CommandLine::parse(
-        {"--data=case.vtm", "--streamtraces", "U", "--seed-plane", "0,0,0,1,0,0,0,2,0,4,5"});
+    const RunOptions plane =
+        CommandLine::parse({"--data=case.vtm", "--colormap", "CoolWarm", "--streamtraces", "U",
+                            "--seed-plane", "0,0,0,1,0,0,0,2,0,4,5"});
+    EXPECT_EQ(vexhost::ColourMap::CoolWarm, plane.dataOptions.colourMap);
+    EXPECT_EQ(vexhost::ColourMap::Viridis,
+              CommandLine::parse({"--colormap=viridis"}).dataOptions.colourMap);
     EXPECT_EQ(vexhost::DataFileOptions::Seed::Kind::Plane, plane.dataOptions.seed.kind);
     EXPECT_EQ((std::array<double, 3>{0, 2, 0}), plane.dataOptions.seed.across);
     EXPECT_EQ(4, plane.dataOptions.seed.count);
@@ -121,9 +126,9 @@ TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
 TEST(CommandLineTest, UsageNamesEveryOption) {
     const std::string usage = CommandLine::usage();
     for (const char* option :
-         {"--addon", "--data", "--demo-triangles", "--color-by", "--hide-block", "--streamtraces",
-          "--seed-line", "--seed-plane", "--trace", "--record", "--answer", "--file-name",
-          "--stop-at", "--keep-going", "--size", "--help"}) {
+         {"--addon", "--data", "--demo-triangles", "--color-by", "--colormap", "--hide-block",
+          "--streamtraces", "--seed-line", "--seed-plane", "--trace", "--record", "--answer",
+          "--file-name", "--stop-at", "--keep-going", "--size", "--help"}) {
         EXPECT_NE(std::string::npos, usage.find(option)) << option;
     }
     EXPECT_EQ(0u, usage.find("Usage: vexplot [options] [MACRO_FILE ...]\n"));
@@ -163,6 +168,9 @@ INSTANTIATE_TEST_SUITE_P(
         BadCommandLine{"EmptyFileName", {"--file-name="}, "--file-name needs a file name"},
         BadCommandLine{"EmptyData", {"--data="}, "--data takes demo, none or a data file"},
         BadCommandLine{"EmptyColourBy", {"--color-by="}, "--color-by needs the name of an array"},
+        BadCommandLine{"UnknownColourMap",
+                       {"--colormap", "jet"},
+                       "--colormap takes rainbow, viridis, coolwarm; found 'jet'"},
         BadCommandLine{"ColourByWithoutFile",
                        {"--color-by", "p"},
                        "--color-by needs a data file (--data FILE)"},

@@ -78,11 +78,11 @@ void configure(vtkXMLWriter& writer, const std::string& path, SampleData::Encodi
             writer.SetDataModeToBinary();
             break;
         case SampleData::Encoding::AppendedRaw:
-        writer.SetDataModeToAppended();
-        writer.EncodeAppendedDataOff();
-        writer.SetCompressorTypeToNone();
-        break;
-    case SampleData::Encoding::AppendedRawZlib:
+            writer.SetDataModeToAppended();
+            writer.EncodeAppendedDataOff();
+            writer.SetCompressorTypeToNone();
+            break;
+        case SampleData::Encoding::AppendedRawZlib:
             writer.SetDataModeToAppended();
             writer.EncodeAppendedDataOff();
             writer.SetCompressorTypeToZLib();
@@ -158,8 +158,8 @@ vtkSmartPointer<vtkPolyData> SampleData::terrain(int n) {
     for (int j = 0; j <= n; ++j) {
         for (int i = 0; i <= n; ++i, ++id) {
             const double x = 4.0 * i / n, y = 3.0 * j / n;
-            const double z = 0.3 * std::sin(2.1 * x) * std::cos(1.7 * y) +
-                             0.15 * std::sin(5.3 * x + 3.1 * y);
+            const double z =
+                0.3 * std::sin(2.1 * x) * std::cos(1.7 * y) + 0.15 * std::sin(5.3 * x + 3.1 * y);
             points->SetPoint(id, x, y, z);
             height->SetValue(id, static_cast<float>(z));
         }
