@@ -6,7 +6,7 @@
 #   build/bin/makehill out/hill
 #   build/bin/vexplot --size 1280x720 --data out/hill/hill.pvd --hide-block air \
 #       --color-by temperature --colormap viridis --streamtraces velocity \
-#       --seed-line 0.2,0.4,0.5,0.2,5.6,0.5,14 examples/hill.mcr
+#       --seed-line 0.2,0.5,0.5,0.2,5.5,0.5,9 examples/hill.mcr
 $!EXPORTSETUP ExportFormat = MPEG4
 $!EXPORTSETUP ExportRegion = CURRENTFRAME
 $!EXPORTSETUP ImageWidth = 1280

@@ -18,7 +18,7 @@ mkdir -p out
 "$build/bin/makehill" out/hill
 # The air is a volume: drawn, its outer surface would hide the wind inside it.
 data=(--data out/hill/hill.pvd --hide-block air --color-by temperature --colormap viridis
-      --streamtraces velocity --seed-line 0.2,0.4,0.5,0.2,5.6,0.5,14)
+      --streamtraces velocity --seed-line 0.2,0.5,0.5,0.2,5.5,0.5,9)
 "$build/bin/vexplot" --size 1280x720 "${data[@]}" examples/hill.mcr 2>&1 | { grep -v '%$' || true; }
 "$build/bin/vexplot" --size 640x360 "${data[@]}" examples/hill-strip.mcr
 "$build/bin/pngstrip" docs/images/hill-strip.png out/hill-strip-1.png out/hill-strip-2.png \

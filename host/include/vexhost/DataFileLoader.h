@@ -19,7 +19,7 @@ class Host;
 class DataFileLoader {
 public:
     // About this many streamtrace markers along the longest trace.
-    static constexpr int MarkersAlongTrace = 12;
+    static constexpr int MarkersAlongTrace = 10;
 
     // Needs an active frame (std::logic_error otherwise). Returns what was loaded.
     static LoadedData load(Host& host, const std::string& path,
