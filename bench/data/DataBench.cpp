@@ -95,6 +95,23 @@ ProcessRun runVexplot(const std::vector<std::string>& arguments) {
     return run;
 }
 
+// Iterations of vexplot with these arguments: the fastest run and the largest peak memory.
+void timeVexplot(benchmark::State& state, const std::vector<std::string>& arguments) {
+    double fastest = 1e9, peak = 0;
+    for (auto _ : state) {
+        const ProcessRun run = runVexplot(arguments);
+        if (!run.ok) {
+            state.SkipWithError("vexplot failed");
+            break;
+        }
+        fastest = std::min(fastest, run.seconds);
+        peak = std::max(peak, run.peakMegabytes);
+        state.SetIterationTime(run.seconds);
+    }
+    state.counters["fastest_s"] = fastest;
+    state.counters["peak_MB"] = peak;
+}
+
 // The scene vexplot draws of loaded data: its zones, range and box, seen as fitted.
 vexhost::SceneState sceneOf(const vexhost::LoadedData& data) {
     vexhost::Frame frame(1, VexPlotType_Cartesian3D);
@@ -160,19 +177,7 @@ void BM_SnapshotProcess(benchmark::State& state) {
     const vextest::TemporaryDirectory scratch("vexplot-bench-data-run");
     const std::string macro = scratch.file("snap.mcr");
     std::ofstream(macro) << "$!SNAPSHOT \"" << scratch.file("snap.png") << "\"\n";
-    double fastest = 1e9, peak = 0;
-    for (auto _ : state) {
-        const ProcessRun run = runVexplot({"--data", file, "--size", "1280x720", macro});
-        if (!run.ok) {
-            state.SkipWithError("vexplot failed");
-            break;
-        }
-        fastest = std::min(fastest, run.seconds);
-        peak = std::max(peak, run.peakMegabytes);
-        state.SetIterationTime(run.seconds);
-    }
-    state.counters["fastest_s"] = fastest;
-    state.counters["peak_MB"] = peak;
+    timeVexplot(state, {"--data", file, "--size", "1280x720", macro});
 }
 
 // Four views round the terrain from its fitted view, each a quarter turn on from the last and
@@ -222,19 +227,7 @@ void BM_FlightProcess(benchmark::State& state) {
                          << flight
                          << "\n"
                             "$!ADDON \"Key Frame Animation\" Animate AnimationDestination=ToFile\n";
-    double fastest = 1e9, peak = 0;
-    for (auto _ : state) {
-        const ProcessRun run = runVexplot({"--data", file, "--size", "1280x720", macro});
-        if (!run.ok) {
-            state.SkipWithError("vexplot failed");
-            break;
-        }
-        fastest = std::min(fastest, run.seconds);
-        peak = std::max(peak, run.peakMegabytes);
-        state.SetIterationTime(run.seconds);
-    }
-    state.counters["fastest_s"] = fastest;
-    state.counters["peak_MB"] = peak;
+    timeVexplot(state, {"--data", file, "--size", "1280x720", macro});
 }
 
 BENCHMARK(BM_Load)
