@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include <vtkImageData.h>
 #include <vtkPolyData.h>
 #include <vtkUnstructuredGrid.h>
 
@@ -114,6 +115,40 @@ TEST_F(DataRunTest, TheSurfaceIsColouredByItsArrayAtAKnownPoint) {
     EXPECT_GT(centre[1], 120) << "green " << int(centre[1]);
     EXPECT_LT(centre[0], 12) << "red " << int(centre[0]);
     EXPECT_LT(centre[2], 12) << "blue " << int(centre[2]);
+}
+
+TEST_F(DataRunTest, EveryFormatIsShownThroughTheDataOption) {
+    // The unit plane, or the box, in each format: the middle of the picture is the data's middle,
+    // drawn in a colour of the map, not the background.
+    SampleData::writeXml(*SampleData::plane(8), path("plane.vtp"), SampleData::Encoding::Ascii);
+    SampleData::writeXml(*SampleData::box(4, 2, 2), path("box.vtu"),
+                         SampleData::Encoding::AppendedRawZlib);
+    SampleData::writeStructured(4, 2, 2, path("box.vts"));
+    SampleData::writeRectilinear(4, 2, 2, path("box.vtr"));
+    SampleData::writeXml(*SampleData::boxImage(4, 2, 2), path("box.vti"));
+    SampleData::writeMultiBlock(path("case.vtm"));
+    SampleData::writeLegacy(*SampleData::box(4, 2, 2), path("box.vtk"));
+    SampleData::writeStl(*SampleData::plane(8), path("plane.stl"));
+    SampleData::writePly(*SampleData::plane(8), path("plane.ply"));
+    SampleData::writeObj(*SampleData::plane(8), path("plane.obj"));
+    SampleData::writeXml(*SampleData::plane(8), path("step_1.vtp"));
+    SampleData::writeXml(*SampleData::plane(8), path("step_2.vtp"));
+    SampleData::writePvd(path("steps.pvd"), {"step_1.vtp", "step_2.vtp"}, {0, 1});
+    for (const char* file :
+         {"plane.vtp", "box.vtu", "box.vts", "box.vtr", "box.vti", "case.vtm", "box.vtk",
+          "plane.stl", "plane.ply", "plane.obj", "steps.pvd", "step_*.vtp"}) {
+        SCOPED_TRACE(file);
+        const Result result =
+            vexplot_.runMacro("$!SNAPSHOT \"shown.png\"\n", {"--data", file, "--size", kSize});
+        ASSERT_EQ(0, result.exitStatus) << result.err;
+        EXPECT_EQ("", result.err);
+        const vexhost::Image picture =
+            vextest::decodeFrames(path("shown.png"), kWidth, kHeight).at(0);
+        const uint8_t* centre =
+            &picture.rgb[(static_cast<std::size_t>(kHeight / 2) * kWidth + kWidth / 2) * 3];
+        EXPECT_GT(centre[0] + centre[1] + centre[2], 150)
+            << int(centre[0]) << " " << int(centre[1]) << " " << int(centre[2]);
+    }
 }
 
 TEST_F(DataRunTest, AFlightOverATimeSeriesShowsEachFramesStep) {
