@@ -21,5 +21,8 @@ cmake --build "$build" -j"$jobs"
 # Without the record, the leak check still reaches those blocks, as heap memory pointed to from
 # each thread's own storage, so no leak goes unseen.
 export ASAN_OPTIONS="detect_leaks=1:check_initialization_order=1:strict_init_order=1:intercept_tls_get_addr=0"
+# Leaks inside system libraries that the project cannot fix are suppressed by name, each with its
+# reason, in scripts/lsan.supp.
+export LSAN_OPTIONS="suppressions=$root/scripts/lsan.supp:print_suppressions=0"
 export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 ctest --test-dir "$build" --output-on-failure -j"$jobs"
