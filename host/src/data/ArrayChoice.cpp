@@ -35,7 +35,7 @@ std::string arrayList(vtkDataSet& block) {
     return list.empty() ? "it has no arrays" : "it has " + list;
 }
 
-// "X", "y", "2", "magnitude": the component a spec's suffix names; false if it names none.
+// "X", "y", "2", "magnitude": the component a request's suffix names; false if it names none.
 bool parseComponent(const std::string& text, int& component) {
     if (text == "magnitude" || text == "Magnitude") {
         component = ArrayChoice::Magnitude;
@@ -65,10 +65,10 @@ std::string ArrayChoice::title(int componentCount) const {
     return name + " " + std::to_string(component);
 }
 
-ArrayChoice ArrayChoice::choose(vtkDataSet& block, const std::string& spec,
+ArrayChoice ArrayChoice::choose(vtkDataSet& block, const std::string& request,
                                 const std::string& shownName) {
     ArrayChoice choice;
-    if (spec.empty()) {
+    if (request.empty()) {
         for (auto association : {Association::Point, Association::Cell}) {
             vtkFieldData* data = arrays(block, association);
             for (int i = 0; i < data->GetNumberOfArrays(); ++i) {
@@ -85,15 +85,15 @@ ArrayChoice ArrayChoice::choose(vtkDataSet& block, const std::string& spec,
         return choice;
     }
 
-    choice.name = spec;
-    const std::size_t colon = spec.rfind(':');
+    choice.name = request;
+    const std::size_t colon = request.rfind(':');
     int component = Magnitude;
-    if (colon != std::string::npos && parseComponent(spec.substr(colon + 1), component)) {
-        choice.name = spec.substr(0, colon);
+    if (colon != std::string::npos && parseComponent(request.substr(colon + 1), component)) {
+        choice.name = request.substr(0, colon);
         choice.component = component;
     }
     const auto cannot = [&](const std::string& what) {
-        return DataFileError("Cannot colour \"" + shownName + "\" by \"" + spec + "\": " + what);
+        return DataFileError("Cannot colour \"" + shownName + "\" by \"" + request + "\": " + what);
     };
     for (auto association : {Association::Point, Association::Cell}) {
         vtkDataArray* array = arrays(block, association)->GetArray(choice.name.c_str());

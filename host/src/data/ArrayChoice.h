@@ -22,12 +22,13 @@ struct ArrayChoice {
     // vector, the number from 0 otherwise).
     std::string title(int componentCount) const;
 
-    // The array of `block` chosen by `spec` (DataFileOptions::colourBy), or, for an empty spec,
-    // the first scalar point array, else the first scalar cell array (arrays named "vtk..." are
-    // VTK's bookkeeping and left out), else none. Throws DataFileError naming `shownName`
+    // The array of `block` chosen by `request` (DataFileOptions::colourBy), or, for an empty
+    // request, the first scalar point array, else the first scalar cell array (arrays named
+    // "vtk..." are VTK's bookkeeping and left out), else none. Throws DataFileError naming
+    // `shownName`
     // ("Cannot colour ... by ...") for a name no array of the block has, or a component the array
     // does not have.
-    static ArrayChoice choose(vtkDataSet& block, const std::string& spec,
+    static ArrayChoice choose(vtkDataSet& block, const std::string& request,
                               const std::string& shownName);
 
     // The array in `block` (nullptr when the block does not have it) and one tuple's value.
