@@ -127,6 +127,31 @@ TEST_F(DataFileErrorTest, APvdThatIsNotACollection) {
     EXPECT_EQ(0u, messageOf(file("text.pvd")).find("Cannot read \"" + file("text.pvd") + "\": "));
 }
 
+TEST_F(DataFileErrorTest, APvdEntryWithoutAFileOrWithATimeThatIsNoNumber) {
+    const std::string head = "<?xml version=\"1.0\"?>\n<VTKFile type=\"Collection\"><Collection>\n";
+    std::ofstream(file("nofile.pvd"))
+        << head << "<DataSet timestep=\"0\"/>\n</Collection></VTKFile>\n";
+    EXPECT_EQ("Cannot read \"" + file("nofile.pvd") + "\": DataSet 1 names no file.",
+              messageOf(file("nofile.pvd")));
+    std::ofstream(file("badtime.pvd"))
+        << head << "<DataSet timestep=\"soon\" file=\"a.vtu\"/>\n</Collection></VTKFile>\n";
+    EXPECT_EQ("Cannot read \"" + file("badtime.pvd") +
+                  "\": the timestep \"soon\" of \"a.vtu\" is not a number.",
+              messageOf(file("badtime.pvd")));
+    std::ofstream(file("badpart.pvd"))
+        << head << "<DataSet part=\"-1\" file=\"a.vtu\"/>\n</Collection></VTKFile>\n";
+    EXPECT_EQ("Cannot read \"" + file("badpart.pvd") +
+                  "\": the part \"-1\" of \"a.vtu\" is not a part number.",
+              messageOf(file("badpart.pvd")));
+}
+
+TEST_F(DataFileErrorTest, ANumberedSeriesWithTwoStars) {
+    EXPECT_EQ("Cannot read \"" + file("run_*_*.vtu") +
+                  "\": a numbered series takes one '*', in the file name, where the number "
+                  "stands.",
+              messageOf(file("run_*_*.vtu")));
+}
+
 TEST_F(DataFileErrorTest, AnEmptyPvd) {
     SampleData::writePvd(file("empty.pvd"), {}, {});
     EXPECT_EQ("Cannot read \"" + file("empty.pvd") + "\": its collection names no data set.",
