@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <vtkAlgorithm.h>
 #include <vtkDataObject.h>
 #include <vtkSmartPointer.h>
 
@@ -18,7 +19,8 @@ struct DataFormat {
     };
     const char* extension;  // lower case, with the dot
     Kind kind;
-    const char* description;  // for docs and usage
+    // The VTK reader of a file of this format, set to read it; null for Kind::Collection.
+    vtkSmartPointer<vtkAlgorithm> (*makeReader)(const std::string& path);
 
     // The format of a file name by its extension (case-insensitive); nullptr for none.
     static const DataFormat* find(const std::string& path);

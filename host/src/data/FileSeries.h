@@ -27,7 +27,7 @@ struct FileSeries {
     // cannot be read or names a file that does not exist.
     static FileSeries resolve(const std::string& path);
 
-    // `"<path>": <extension> is not ...` worded for a name whose format is unknown.
+    // The whole message for a name whose extension is none of the formats read (or missing).
     static std::string unknownExtension(const std::string& name);
 };
 

@@ -45,9 +45,9 @@ protected:
         return message;
     }
 
-    static DataFileOptions colourBy(const std::string& spec) {
+    static DataFileOptions colourBy(const std::string& request) {
         DataFileOptions options;
-        options.colourBy = spec;
+        options.colourBy = request;
         return options;
     }
 

@@ -232,23 +232,23 @@ TEST_F(DataFileReaderTest, ANumberedSeriesWithoutTimesTakesTheNumbers) {
 TEST_F(DataFileReaderTest, ColoursByANamedPointArrayComponentOrMagnitude) {
     SampleData::writeXml(*SampleData::plane(kPlane), file("plane.vtp"));
     struct Case {
-        const char* spec;
+        const char* request;
         const char* title;
     };
     for (const Case& c :
          {Case{"temperature", "temperature"}, Case{"velocity", "velocity magnitude"},
           Case{"velocity:Y", "velocity Y"}, Case{"velocity:1", "velocity Y"},
           Case{"velocity:magnitude", "velocity magnitude"}}) {
-        SCOPED_TRACE(c.spec);
+        SCOPED_TRACE(c.request);
         DataFileOptions options;
-        options.colourBy = c.spec;
+        options.colourBy = c.request;
         const LoadedData data = DataFileReader::read(file("plane.vtp"), options);
         EXPECT_EQ(c.title, data.colourVariable);
         const vexhost::ZoneGeometry& g = *data.zones.at(0).geometry;
         ASSERT_EQ(g.vertexCount(), g.scalars.size());
         for (std::size_t v = 0; v < g.vertexCount(); ++v) {
             const double x = g.positions[3 * v], y = g.positions[3 * v + 1];
-            const double expected = std::string(c.spec) == "temperature" ? x
+            const double expected = std::string(c.request) == "temperature" ? x
                                     : std::string(c.title) == "velocity Y"
                                         ? 2 * y
                                         : std::sqrt(1 + 4 * y * y);
