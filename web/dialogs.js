@@ -119,7 +119,7 @@ export class Dialogs {
             else element.removeAttribute('title');
             element.classList.toggle('insensitive', control.sensitive === false);
         }
-        if (isNew) this.windows.show(win, dialog.modal ? null : this.place(dialog, win));
+        if (isNew) this.windows.show(win, dialog.modal ? null : () => this.place(dialog, win));
     }
 
     // Modeless dialogs open at the right edge of the page (beside the view), where they were left

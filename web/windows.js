@@ -46,11 +46,14 @@ export class WindowManager {
         return win;
     }
 
-    // Puts the window on the page at left, top (pixels in the layer), or centred.
-    show(win, place) {
+    // Puts the window on the page where place(win) says ({left, top} in the layer's pixels, asked
+    // once the window has its size), or centred.
+    show(win, placeOf) {
         if (!win.element.isConnected) this.layer.append(win.element);
+        const place = placeOf?.(win);
         if (place) {
-            win.element.style.left = `${Math.max(0, place.left)}px`;
+            const maxLeft = this.layer.clientWidth - win.element.offsetWidth;
+            win.element.style.left = `${Math.max(0, Math.min(maxLeft, place.left))}px`;
             win.element.style.top = `${Math.max(0, place.top)}px`;
         } else {
             const left = (this.layer.clientWidth - win.element.offsetWidth) / 2;
