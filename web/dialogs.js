@@ -6,9 +6,26 @@
 
 import { CONTROL_KINDS, mnemonicOf } from './controls.js';
 import { MenuBar } from './menus.js';
-import { parseMnemonic } from './mnemonic.js';
+import { parseMnemonic, plainText } from './mnemonic.js';
 
 export const DIALOG_UNIT_PX = 0.14;
+
+// A label's lines are this many units high (docs/ui-scripting.md, "Finding").
+const LABEL_LINE_UNITS = 145;
+// The kinds named by the label beside them rather than a label of their own.
+const NAMED_BESIDE = new Set(['textfield', 'spintextfield', 'list', 'optionmenu', 'radiobox']);
+
+// The label that names a control without one, as $!UI finds it: the nearest label left of it on
+// its rows, else a label just above it. Its plain text becomes the control's accessible name.
+function besideLabel(control, labels) {
+    const lines = (label) => label.label.split('\n').length;
+    const bottom = (label) => label.y + lines(label) * LABEL_LINE_UNITS;
+    const onRow = labels.filter((l) => l.x < control.x && l.y < control.y + control.height && bottom(l) > control.y);
+    if (onRow.length) return onRow.reduce((a, b) => (b.x > a.x ? b : a));
+    const above = labels.filter((l) => bottom(l) <= control.y && control.y - bottom(l) < LABEL_LINE_UNITS
+        && l.x <= control.x + control.width && l.x >= control.x - LABEL_LINE_UNITS);
+    return above.reduce((a, b) => (!a || bottom(b) > bottom(a) ? b : a), null);
+}
 
 // The frame buttons as the state names them, and the word a dialogButton message carries.
 const FRAME_BUTTONS = { OK: 'ok', Apply: 'apply', Cancel: 'cancel', Close: 'close', Help: 'help' };
@@ -119,7 +136,23 @@ export class Dialogs {
             else element.removeAttribute('title');
             element.classList.toggle('insensitive', control.sensitive === false);
         }
+        this.nameControls(shown, dialog);
         if (isNew) this.windows.show(win, dialog.modal ? null : () => this.place(dialog, win));
+    }
+
+    nameControls(shown, dialog) {
+        const controls = (dialog.controls || []).map((id) => this.studio.state[`control/${id}`]).filter(Boolean);
+        const labels = controls.filter((c) => c.kind === 'label');
+        for (const control of controls) {
+            if (!NAMED_BESIDE.has(control.kind)) continue;
+            const element = shown.controls.get(control.id);
+            const label = besideLabel(control, labels);
+            const name = label ? plainText(label.label) : control.toolTip;
+            const target = control.kind === 'spintextfield' ? element?.querySelector('input') : element;
+            if (!target) continue;
+            if (name) target.setAttribute('aria-label', name);
+            else target.removeAttribute('aria-label');
+        }
     }
 
     // Modeless dialogs open at the right edge of the page (beside the view), where they were left
