@@ -306,6 +306,9 @@ void Studio::Loop::serviceWhileBusy() {
     for (std::optional<NetworkEvent> event = events_.pop(std::chrono::milliseconds(0)); event;
          event = events_.pop(std::chrono::milliseconds(0)))
         handleEvent(*event);
+    // Ending the studio ends what runs, also a run started after the end was asked for.
+    if (quitting_ && host_.progress().isOpen())
+        host_.progress().pressStop();
     if (host_.drawing().drawnFrames() != redrawsSeen_) {
         redrawsSeen_ = host_.drawing().drawnFrames();
         markAllDirty();

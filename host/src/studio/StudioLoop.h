@@ -45,9 +45,12 @@ public:
     uint16_t port() const { return server_->port(); }
     void run();
 
-    // A message from a page, as the network delivers it; public for the tests of hostile input,
-    // which feed messages without a network. Replies go to that page.
+    // A message from a page, handled now; public for the tests of hostile input and the fuzz
+    // target, which feed messages without a network. Replies go to that page.
     void handleMessage(uint64_t client, const std::string& text);
+    // Queues an event as the network does: it is handled when the loop next looks (a question
+    // waiting for its answer, a progress check).
+    void deliver(studio::NetworkEvent event) { events_.push(std::move(event)); }
 
     // UserDialogs::Responder: the person at the page answers.
     void acknowledge(UserDialogs::Kind kind, const std::string& text) override;
