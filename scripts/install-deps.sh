@@ -19,6 +19,9 @@ demo_packages=(
     libvtk9-dev
     # Text in pictures (axis labels, the colour legend): FreeType and the DejaVu Sans font
     libfreetype-dev fonts-dejavu-core
+    # The studio (vexplot --serve): JPEG pictures for the browser, JSON messages (Boost.Beast, the
+    # web server, comes with libboost-dev)
+    libturbojpeg0-dev nlohmann-json3-dev
 )
 packages=(
     "${demo_packages[@]}"

@@ -24,6 +24,7 @@
 #include "vexhost/MacroRecorder.h"
 #include "vexhost/MovieWriterFactory.h"
 #include "vexhost/ProgressStatus.h"
+#include "vexhost/Studio.h"
 #include "vexhost/UserDialogs.h"
 
 namespace vexplot {
@@ -42,6 +43,8 @@ std::string BatchRun::defaultAddOnPath(const std::string& programPath) {
 
 int BatchRun::run() {
     bool ok = setUp() && runMacroFiles();
+    if (ok && options_.serve)
+        ok = serve();
     // The end of a run happens also after a failure: the add-on hears the shutdown and the trace
     // gets its exit line.
     ok = finish() && ok;
@@ -102,26 +105,81 @@ bool BatchRun::setUp() {
     return checkHostErrors("setting up the frame");
 }
 
-bool BatchRun::runMacroFiles() {
-    vexhost::GuiUser user(host_);
-    vexhost::MacroFileRunner runner(host_);
+vexhost::MacroFileRunner& BatchRun::runner() {
+    if (runner_ != nullptr)
+        return *runner_;
+    user_ = std::make_unique<vexhost::GuiUser>(host_);
+    runner_ = std::make_unique<vexhost::MacroFileRunner>(host_);
     // $!UI DUMP is what a run prints on stdout.
-    vexhost::GuiScript::install(runner, user, host_.guiModel(), std::cout);
-    SnapshotCommand::install(runner, host_);
-    runner.setKeepGoing(options_.keepGoing);
-    runner.setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {
+    vexhost::GuiScript::install(*runner_, *user_, host_.guiModel(), std::cout);
+    SnapshotCommand::install(*runner_, host_);
+    runner_->setKeepGoing(options_.keepGoing);
+    runner_->setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {
         reporter_.showFailure(failure);
     });
-    runner.setLineObserver([this] { reporter_.showExportLog(); });
+    runner_->setLineObserver([this] { reporter_.showExportLog(); });
+    return *runner_;
+}
+
+bool BatchRun::runMacroFiles() {
+    vexhost::MacroFileRunner& player = runner();
     bool ok = true;
     for (const std::string& file : options_.macroFiles) {
-        if (!runner.runFile(file)) {
+        if (!player.runFile(file)) {
             ok = false;
             if (!options_.keepGoing)
                 break;
         }
     }
     return ok;
+}
+
+bool BatchRun::serve() {
+    vexhost::StudioOptions studioOptions;
+    studioOptions.address = options_.serveAddress;
+    studioOptions.port = options_.servePort;
+    studioOptions.roots = options_.roots;
+    studioOptions.webDirectory = options_.webDirectory.empty()
+                                     ? shareDirectory(programPath_) + "/web"
+                                     : options_.webDirectory;
+    studioOptions.helpDirectory = shareDirectory(programPath_) + "/help";
+    studioOptions.runMacroFile = [this](const std::string& path) {
+        // The person reads the failure in the page, not on the console.
+        std::string failures;
+        runner().setFailureSink([&failures](const vexhost::MacroFileRunner::Failure& failure) {
+            failures += (failures.empty() ? "" : "\n") + failure.text();
+        });
+        runner().runFile(path);
+        runner().setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {
+            reporter_.showFailure(failure);
+        });
+        if (!failures.empty())
+            throw std::runtime_error(failures);
+    };
+    studioOptions.openDataFile = [this](const std::string& path) {
+        vexhost::DataFileOptions dataOptions;
+        dataOptions.colourMap = options_.dataOptions.colourMap;
+        try {
+            vexhost::DataFileLoader::load(host_, path, dataOptions);
+        } catch (const vexhost::DataFileError& error) {
+            throw std::runtime_error(error.what());
+        }
+    };
+    std::unique_ptr<vexhost::Studio> studio;
+    try {
+        studio = vexhost::Studio::start(host_, studioOptions);
+    } catch (const std::exception& error) {
+        reporter_.showProblem(std::string("the studio cannot start: ") + error.what());
+        return false;
+    }
+    std::cout << "vexplot: the studio is at " << studio->url() << std::endl;
+    studio->run();
+    return checkHostErrors("in the studio");
+}
+
+std::string BatchRun::shareDirectory(const std::string& programPath) {
+    const std::filesystem::path directory = std::filesystem::path(programPath).parent_path();
+    return (directory / ".." / "share" / "vexplot").lexically_normal().string();
 }
 
 bool BatchRun::finish() {

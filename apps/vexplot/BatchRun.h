@@ -6,6 +6,8 @@
 //  3. one 3D Cartesian frame of the asked size, showing the data set (--data);
 //  4. the macro files run in order ($!UI and $!SNAPSHOT added to the host's commands), the idle
 //     queue after each line; the first failing line ends the run unless --keep-going;
+//  4b. with --serve, the studio served until interrupted (docs/studio.md): its File menu runs
+//     macro files with the same player;
 //  5. the idle queue run, the shutting-down state change sent (15), the trace's exit line written;
 //  6. the recorded macro lines written (--record), also when the run failed.
 // Exit status: 0 when every step worked, 1 otherwise. Everything the user should read goes to the
@@ -20,7 +22,9 @@
 #include "ConsoleReporter.h"
 #include "RunOptions.h"
 #include "vexhost/AddOnLibrary.h"
+#include "vexhost/GuiUser.h"
 #include "vexhost/Host.h"
+#include "vexhost/MacroFileRunner.h"
 
 namespace vexplot {
 namespace app {
@@ -36,10 +40,15 @@ public:
 
     // <directory of the program>/../lib/libkeyframe.so
     static std::string defaultAddOnPath(const std::string& programPath);
+    // <directory of the program>/../share/vexplot: the studio's page (web/) and help pages (help/).
+    static std::string shareDirectory(const std::string& programPath);
 
 private:
     bool setUp();
     bool runMacroFiles();
+    bool serve();
+    // The macro player of this run, made on first use.
+    vexhost::MacroFileRunner& runner();
     bool finish();
     bool writeRecordedMacro();
     // Reports the host errors recorded so far (taking them) as problems of `stage`; true if none.
@@ -49,6 +58,8 @@ private:
     std::string programPath_;
     vexhost::Host& host_;
     ConsoleReporter reporter_;
+    std::unique_ptr<vexhost::GuiUser> user_;
+    std::unique_ptr<vexhost::MacroFileRunner> runner_;
     // Declared last: the library closes first, while the host and the reporter still stand.
     std::unique_ptr<vexhost::AddOnLibrary> addOn_;
 };

@@ -51,6 +51,26 @@ void parseSize(const std::string& value, RunOptions& options) {
     options.height = static_cast<int>(*height);
 }
 
+// [HOST:]PORT, HOST an IPv4 address, an IPv6 address in brackets, or localhost.
+void parseServe(const std::string& value, RunOptions& options) {
+    const std::size_t colon = value.rfind(':');
+    std::string host = colon == std::string::npos ? "127.0.0.1" : value.substr(0, colon);
+    const std::string port = colon == std::string::npos ? value : value.substr(colon + 1);
+    if (host.size() >= 2 && host.front() == '[' && host.back() == ']')
+        host = host.substr(1, host.size() - 2);
+    if (host == "localhost")
+        host = "127.0.0.1";
+    const std::optional<int64_t> number = wholeNumber(port, 0, 65535);
+    if (!number || host.empty())
+        throw UsageError(
+            "--serve needs [HOST:]PORT, PORT from 0 (any free port) to 65535 (as "
+            "in 8080 or 127.0.0.1:8080); found '" +
+            value + "'");
+    options.serve = true;
+    options.serveAddress = host;
+    options.servePort = static_cast<uint16_t>(*number);
+}
+
 // Comma-separated numbers: `reals` finite ones, then `counts` whole numbers from 2 to MaxSeeds.
 constexpr int64_t MaxSeeds = 10000;
 
@@ -173,16 +193,28 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
         if (!n)
             throw UsageError("--stop-at needs a whole number from 1 up; found '" + value + "'");
         options.stopAt = static_cast<uint64_t>(*n);
+    } else if (option == "--serve") {
+        parseServe(value, options);
+    } else if (option == "--root") {
+        if (value.empty())
+            throw UsageError("--root needs a folder");
+        options.roots.push_back(value);
+    } else if (option == "--web") {
+        if (value.empty())
+            throw UsageError("--web needs a folder");
+        options.webDirectory = value;
     } else {
         parseSize(value, options);
     }
 }
 
 bool takesValue(const std::string& option) {
-    static const char* const WithValue[] = {
-        "--addon",      "--data",         "--demo-triangles", "--color-by",   "--colormap",
-        "--hide-block", "--streamtraces", "--seed-line",      "--seed-plane", "--trace",
-        "--record",     "--answer",       "--file-name",      "--stop-at",    "--size"};
+    static const char* const WithValue[] = {"--addon",        "--data",      "--demo-triangles",
+                                            "--color-by",     "--colormap",  "--hide-block",
+                                            "--streamtraces", "--seed-line", "--seed-plane",
+                                            "--trace",        "--record",    "--answer",
+                                            "--file-name",    "--stop-at",   "--size",
+                                            "--serve",        "--root",      "--web"};
     for (const char* known : WithValue) {
         if (option == known)
             return true;
@@ -247,6 +279,9 @@ RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
         }
     }
     checkDataOptions(options);
+    if (!options.serve && (!options.roots.empty() || !options.webDirectory.empty()))
+        throw UsageError(std::string(options.roots.empty() ? "--web" : "--root") +
+                         " needs --serve");
     return options;
 }
 
@@ -286,6 +321,13 @@ const char* CommandLine::usage() {
            "  --stop-at N        press Stop at the N-th progress check\n"
            "  --keep-going       report a failing line and go on with the next one\n"
            "  --size WxH         the frame's size in pixels (default 800x600)\n"
+           "  --serve [HOST:]PORT\n"
+           "                     after the macro files, serve the studio, the host in a web\n"
+           "                     browser, on PORT (0: any free one) of HOST (127.0.0.1) until\n"
+           "                     interrupted; the address to open is printed (docs/studio.md)\n"
+           "  --root DIR         a folder the studio's file chooser and downloads may reach\n"
+           "                     (repeatable; default: the working directory)\n"
+           "  --web DIR          the studio page's files (default: ../share/vexplot/web)\n"
            "  --help             show this text and exit\n"
            "\n"
            "Exit status: 0 when every line ran; 1 when a line failed, a macro file or the data "

@@ -30,6 +30,12 @@ struct RunOptions {
     bool keepGoing = false;
     int width = 800;  // the frame's size in pixels
     int height = 600;
+    // --serve: after the macro files, serve the studio (docs/studio.md) until interrupted.
+    bool serve = false;
+    std::string serveAddress = "127.0.0.1";
+    uint16_t servePort = 0;
+    std::vector<std::string> roots;  // --root; empty: the working directory
+    std::string webDirectory;        // --web; empty: share/vexplot/web beside the program
     std::vector<std::string> macroFiles;
 };
 

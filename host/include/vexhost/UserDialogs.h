@@ -4,6 +4,10 @@
 // and OK/Cancel boxes take the next queued answer; one asked with no answer queued is a host error
 // naming the question, and is answered No. File dialogs take the next queued file name; a queued
 // cancel, or an empty queue, is Cancel. Help requests are recorded.
+//
+// A responder, when set, stands for a person at the screen: every error dialog and message box is
+// shown to it (it returns once the person has dismissed it), and it answers the questions and file
+// dialogs that find no queued answer. The studio is one.
 #ifndef VEXHOST_USERDIALOGS_H
 #define VEXHOST_USERDIALOGS_H
 
@@ -38,6 +42,17 @@ public:
     };
     using Sink = std::function<void(Kind kind, const std::string& text)>;
 
+    class Responder {
+    public:
+        virtual ~Responder() = default;
+        // An error dialog or a message box that only informs; returns when it was dismissed.
+        virtual void acknowledge(Kind kind, const std::string& text) = 0;
+        // A Yes/No or OK/Cancel box: true for Yes and OK.
+        virtual bool answer(VexMessageBoxType_e type, const std::string& text) = 0;
+        // The file chosen, or nullopt for Cancel. request.answer is not set yet.
+        virtual std::optional<std::string> chooseFile(const FileDialog& request) = 0;
+    };
+
     explicit UserDialogs(HostErrors& errors) : errors_(errors) {}
     UserDialogs(const UserDialogs&) = delete;
     UserDialogs& operator=(const UserDialogs&) = delete;
@@ -56,6 +71,8 @@ public:
     const std::vector<std::string>& helpPages() const { return helpPages_; }
 
     void setSink(Sink sink) { sink_ = std::move(sink); }
+    // Not owned; nullptr: no responder.
+    void setResponder(Responder* responder) { responder_ = responder; }
 
     // ---- SDK side (arguments checked by the SDK layer) ----
     void showError(const char* message);
@@ -65,7 +82,7 @@ public:
                                            const char* defaultFileName, const char* filter);
     void showHelp(const char* page) { helpPages_.emplace_back(page); }
 
-    // Nothing queued, nothing recorded, no sink.
+    // Nothing queued, nothing recorded, no sink, no responder.
     void reset();
 
 private:
@@ -77,6 +94,7 @@ private:
     std::vector<FileDialog> fileDialogs_;
     std::vector<std::string> helpPages_;
     Sink sink_;
+    Responder* responder_ = nullptr;
 };
 
 }  // namespace vexhost

@@ -29,12 +29,17 @@ void UserDialogs::showError(const char* message) {
     errorMessages_.emplace_back(message);
     if (sink_)
         sink_(Kind::ErrorDialog, errorMessages_.back());
+    if (responder_ != nullptr)
+        responder_->acknowledge(Kind::ErrorDialog, errorMessages_.back());
 }
 
 bool UserDialogs::showMessageBox(const char* message, VexMessageBoxType_e type) {
     bool answer = true;
-    if (type == VexMessageBox_Question || type == VexMessageBox_YesNo) {
-        if (answers_.empty()) {
+    const bool question = type == VexMessageBox_Question || type == VexMessageBox_YesNo;
+    if (question) {
+        if (answers_.empty() && responder_ != nullptr) {
+            answer = responder_->answer(type, message);
+        } else if (answers_.empty()) {
             // Nothing is decided silently: the run fails, naming the question.
             std::string quoted;
             text::appendQuoted(quoted, message);
@@ -49,6 +54,8 @@ bool UserDialogs::showMessageBox(const char* message, VexMessageBoxType_e type) 
     messageBoxes_.push_back({type, message, answer});
     if (sink_)
         sink_(kindOf(type), messageBoxes_.back().text);
+    if (!question && responder_ != nullptr)
+        responder_->acknowledge(kindOf(type), messageBoxes_.back().text);
     return answer;
 }
 
@@ -56,15 +63,17 @@ std::optional<std::string> UserDialogs::askFileName(VexSelectFileOption_e mode,
                                                     const char* fileTypeName,
                                                     const char* defaultFileName,
                                                     const char* filter) {
-    std::optional<std::string> answer;
+    FileDialog request{mode, fileTypeName != nullptr ? fileTypeName : "",
+                       defaultFileName != nullptr ? defaultFileName : "",
+                       filter != nullptr ? filter : "", std::nullopt};
     if (!fileNames_.empty()) {
-        answer = fileNames_.front();
+        request.answer = fileNames_.front();
         fileNames_.pop_front();
+    } else if (responder_ != nullptr) {
+        request.answer = responder_->chooseFile(request);
     }
-    fileDialogs_.push_back({mode, fileTypeName != nullptr ? fileTypeName : "",
-                            defaultFileName != nullptr ? defaultFileName : "",
-                            filter != nullptr ? filter : "", answer});
-    return answer;
+    fileDialogs_.push_back(request);
+    return request.answer;
 }
 
 void UserDialogs::reset() {
@@ -75,6 +84,7 @@ void UserDialogs::reset() {
     fileDialogs_.clear();
     helpPages_.clear();
     sink_ = nullptr;
+    responder_ = nullptr;
 }
 
 }  // namespace vexhost

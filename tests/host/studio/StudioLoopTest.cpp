@@ -1,0 +1,182 @@
+// The studio's user-interface side without a browser: messages as the network delivers them,
+// acting on the host and the add-on as a person does, and hostile input that changes nothing.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "studio/StudioLoop.h"
+#include "support/AddOnFixture.h"
+#include "support/TemporaryDirectory.h"
+#include "vexhost/AddOnRegistry.h"
+#include "vexhost/Frame.h"
+#include "vexhost/FrameStack.h"
+#include "vexhost/GuiModel.h"
+#include "vexhost/GuiUser.h"
+#include "vexhost/MacroRecorder.h"
+#include "vexhost/UserDialogs.h"
+
+namespace {
+
+using vexhost::GuiUser;
+using vexhost::studio::NetworkEvent;
+
+constexpr uint64_t Page = 1;
+
+class StudioLoopTest : public vextest::AddOnFixture {
+protected:
+    void SetUp() override {
+        AddOnFixture::SetUp();
+        createFrame3D();
+        vexhost::StudioOptions options;
+        options.roots = {scratch_.path().string()};
+        options.webDirectory = scratch_.path().string();
+        loop_ = std::make_unique<vexhost::Studio::Loop>(host(), options);
+        loop_->deliver({NetworkEvent::Kind::Open, Page, {}});
+    }
+    void TearDown() override {
+        loop_.reset();
+        AddOnFixture::TearDown();
+    }
+
+    void send(const std::string& message) { loop_->handleMessage(Page, message); }
+    // The answer the next question will get: it waits in the queue as if the person had
+    // answered at once.
+    void answerNext(const std::string& answerFields) {
+        loop_->deliver({NetworkEvent::Kind::Message, Page,
+                        "{\"type\":\"answer\",\"id\":" + std::to_string(++questions_) + "," +
+                            answerFields + "}"});
+    }
+    const vexhost::GuiDialog& mainDialog() {
+        return GuiUser(host()).findDialog("Key Frame Animation");
+    }
+    int32_t controlId(const std::string& text) {
+        return GuiUser(host()).findControl(mainDialog(), text).id;
+    }
+    void openMainDialog() {
+        const auto& items = host().addOns().menuOptions();
+        ASSERT_EQ(1u, items.size());
+        send(R"({"type":"menu","id":"addon.0"})");
+        ASSERT_TRUE(mainDialog().up);
+    }
+    std::vector<std::string> keyFrameNames() {
+        const vexhost::GuiControl& list =
+            GuiUser(host()).findControlOfKind(mainDialog(), vexhost::GuiControl::Kind::List, 1);
+        return list.items;
+    }
+
+    vextest::TemporaryDirectory scratch_{"studio-loop"};
+    std::unique_ptr<vexhost::Studio::Loop> loop_;
+    int questions_ = 0;
+};
+
+TEST_F(StudioLoopTest, TheAnimateMenuItemOpensTheAddOnsDialog) {
+    openMainDialog();
+}
+
+TEST_F(StudioLoopTest, ViewsAppendedBetweenDragsAreNamedInOrder) {
+    openMainDialog();
+    const int32_t append = controlId("Append");
+    for (int i = 0; i < 3; ++i) {
+        send(R"({"type":"drag","seq":1,"mode":"rotate","dx":40,"dy":5,"active":true})");
+        send(R"({"type":"drag","seq":2,"mode":"rotate","dx":0,"dy":0,"active":false})");
+        send(R"({"type":"gui","action":"press","id":)" + std::to_string(append) + "}");
+    }
+    EXPECT_EQ((std::vector<std::string>{"View 1", "View 2", "View 3"}), keyFrameNames());
+}
+
+TEST_F(StudioLoopTest, SaveAsThroughTheFileChooserWritesTheFileChosen) {
+    openMainDialog();
+    send(R"({"type":"gui","action":"press","id":)" + std::to_string(controlId("Append")) + "}");
+    answerNext(R"("file":{"root":0,"path":"flight.keyframe"})");
+    const int32_t saveAs =
+        GuiUser(host()).findMenuEntry(mainDialog(), {"&File", "Save Animation File &As..."}).id;
+    send(R"({"type":"gui","action":"menuEntry","id":)" + std::to_string(saveAs) + "}");
+    std::ifstream file(scratch_.path() / "flight.keyframe");
+    std::string first;
+    std::getline(file, first);
+    EXPECT_EQ("#!KeyFrame", first.substr(0, 10));
+}
+
+TEST_F(StudioLoopTest, AQuestionGetsThePersonsAnswer) {
+    answerNext(R"("yes":true)");
+    EXPECT_TRUE(host().userDialogs().showMessageBox("Go on?", VexMessageBox_YesNo));
+    answerNext(R"("yes":false)");
+    EXPECT_FALSE(host().userDialogs().showMessageBox("Go on?", VexMessageBox_Question));
+}
+
+TEST_F(StudioLoopTest, WhenTheStudioEndsQuestionsAreAnsweredNoAndFileDialogsCanceled) {
+    loop_->deliver({NetworkEvent::Kind::Quit, 0, {}});
+    EXPECT_FALSE(host().userDialogs().showMessageBox("Overwrite?", VexMessageBox_YesNo));
+    EXPECT_EQ(std::nullopt,
+              host().userDialogs().askFileName(VexSelectFile_WriteFile, "Movie", "a.mp4", "*.mp4"));
+}
+
+TEST_F(StudioLoopTest, RecordingStartsWithTheViewShownAndRecordsEachFinishedDrag) {
+    send(R"({"type":"record","on":true})");
+    ASSERT_TRUE(host().macro().isRecording());
+    send(R"({"type":"drag","seq":1,"mode":"rotate","dx":40,"dy":0,"active":true})");
+    send(R"({"type":"drag","seq":2,"mode":"pan","dx":3,"dy":4,"active":true})");
+    send(R"({"type":"drag","seq":3,"mode":"zoom","dx":0,"dy":20,"active":false})");
+    send(R"({"type":"wheel","seq":4,"delta":1})");
+    send(R"({"type":"record","on":false})");
+    EXPECT_FALSE(host().macro().isRecording());
+    const std::vector<std::string>& lines = host().macro().lines();
+    ASSERT_EQ(3u, lines.size());
+    for (const std::string& line : lines)
+        EXPECT_EQ("$!VIEW ", line.substr(0, 7));
+}
+
+TEST_F(StudioLoopTest, HostileMessagesChangeNothing) {
+    openMainDialog();
+    const vexhost::View3D viewBefore = host().frames().active()->view();
+    const double widthBefore = host().frames().active()->width();
+    const std::vector<std::string> namesBefore = keyFrameNames();
+    const std::string list = std::to_string(
+        GuiUser(host()).findControlOfKind(mainDialog(), vexhost::GuiControl::Kind::List, 1).id);
+    const std::string nested = std::string(100000, '[') + std::string(100000, ']');
+    const std::vector<std::string> messages = {
+        "",
+        "garbage",
+        "\xff\xfe{}",
+        "[]",
+        "{}",
+        "null",
+        R"({"type":1})",
+        R"({"type":"nope"})",
+        R"({"type":"gui"})",
+        R"({"type":"gui","action":"press","id":"7"})",
+        R"({"type":"gui","action":"press","id":99999})",
+        R"({"type":"gui","action":"press","id":-1})",
+        R"({"type":"gui","action":"explode","id":1})",
+        R"({"type":"gui","action":"select","id":)" + list + R"(,"lines":[0]})",
+        R"({"type":"gui","action":"select","id":)" + list + R"(,"lines":"all"})",
+        R"({"type":"gui","action":"dialogButton","id":1,"button":"maybe"})",
+        R"({"type":"drag","seq":1,"mode":"spin","dx":1,"dy":1,"active":true})",
+        R"({"type":"drag","seq":1,"mode":"rotate","dx":1e308,"dy":1,"active":true})",
+        R"({"type":"drag","seq":-4,"mode":"rotate","dx":1,"dy":1,"active":true})",
+        R"({"type":"drag","seq":1,"mode":"rotate","dx":"1","dy":1,"active":true})",
+        R"({"type":"wheel","seq":1,"delta":1e9})",
+        R"({"type":"viewport","width":1e20,"height":5})",
+        R"({"type":"frameSize","width":-1,"height":600})",
+        R"({"type":"frameSize","width":99999999999999999999999,"height":600})",
+        R"({"type":"answer","id":1,"yes":true})",
+        R"({"type":"list","root":7,"path":""})",
+        R"({"type":"list","root":0,"path":"../.."})",
+        R"({"type":"list","root":0,"path":"/etc"})",
+        R"({"type":"menu","id":"file.nothing"})",
+        R"({"type":"record","on":"yes"})",
+        nested,
+    };
+    for (const std::string& message : messages)
+        send(message);
+    EXPECT_EQ(viewBefore, host().frames().active()->view());
+    EXPECT_EQ(widthBefore, host().frames().active()->width());
+    EXPECT_EQ(namesBefore, keyFrameNames());
+    EXPECT_TRUE(mainDialog().up);
+    EXPECT_FALSE(host().macro().isRecording());
+    EXPECT_FALSE(host().guiModel().isModalDialogUp());
+}
+
+}  // namespace
