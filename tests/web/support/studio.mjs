@@ -318,7 +318,10 @@ export function connectWebSocket(
   studio,
   { path: wsPath = '/ws', cookie, headers = {}, timeoutMs = requestTimeoutMs, maxPayload } = {},
 ) {
-  const allHeaders = { Origin: studio.origin, ...(cookie ? { Cookie: cookie } : {}), ...headers };
+  // A header given as undefined is left out (no Origin at all, say).
+  const allHeaders = Object.fromEntries(
+    Object.entries({ Origin: studio.origin, Cookie: cookie, ...headers }).filter(([, v]) => v !== undefined),
+  );
   const ws = new WebSocket(`ws://127.0.0.1:${studio.port}${wsPath}`, {
     headers: allHeaders,
     handshakeTimeout: timeoutMs,
