@@ -3,9 +3,7 @@
 // counted by ffprobe.
 
 import assert from 'node:assert/strict';
-import { execFileSync } from 'node:child_process';
 import fs from 'node:fs';
-import os from 'node:os';
 import path from 'node:path';
 import { after, before, describe, it } from 'node:test';
 
@@ -13,7 +11,7 @@ import {
     appendViews, assertEventually, button, chooseDialogMenu, chooseFile, controlState, dialog, listLines,
     openKeyFrames, prompt, selectLines, typeInto, waitForLines,
 } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+import { ffprobeFrames, launchBrowser, openStudio, startStudio, temporaryFolder } from './support/studio.mjs';
 
 // Chooses an option menu's entry by the label beside the menu, and waits for the host to take it.
 async function chooseOption(page, dialogLocator, label, entry) {
@@ -33,16 +31,16 @@ describe('files', () => {
     let keyFrames;
 
     before(async () => {
-        root = fs.mkdtempSync(path.join(os.tmpdir(), 'studio-files-'));
-        studio = await startStudio({ args: ['--root', root], cwd: root });
+        studio = await startStudio();
+        root = studio.cwd;
         browser = await launchBrowser();
         page = await openStudio(browser, studio);
         keyFrames = await openKeyFrames(page);
         await appendViews(page, keyFrames, 2);
     });
 
+    // The harness closes the browser; stopping the server here checks that it exits cleanly.
     after(async () => {
-        await browser?.close();
         await studio?.stop();
     });
 
@@ -88,11 +86,9 @@ describe('files', () => {
         // Fetched as the page fetches it: with the page's cookie.
         const response = await page.request.get(new URL(await link.getAttribute('href'), page.url()).href);
         assert.equal(response.status(), 200);
-        const movie = path.join(fs.mkdtempSync(path.join(os.tmpdir(), 'studio-download-')), 'movie.mp4');
+        const movie = path.join(await temporaryFolder(), 'movie.mp4');
         fs.writeFileSync(movie, await response.body());
-        const frames = execFileSync('ffprobe', ['-v', 'error', '-count_frames', '-select_streams', 'v:0',
-            '-show_entries', 'stream=nb_read_frames', '-of', 'csv=p=0', movie], { encoding: 'utf8' }).trim();
         // Two key frames, `count` frames from the first to the second, and the last one itself.
-        assert.equal(Number(frames), count + 1);
+        assert.equal(await ffprobeFrames(movie), count + 1);
     });
 });

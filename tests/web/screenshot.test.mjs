@@ -3,25 +3,22 @@
 
 import assert from 'node:assert/strict';
 import fs from 'node:fs';
-import os from 'node:os';
-import path from 'node:path';
 import { after, before, describe, it } from 'node:test';
 
 import { appendViews, openKeyFrames, selectLines } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+import { launchBrowser, openStudio, screenshot, startStudio } from './support/studio.mjs';
 
 describe('the studio screenshot', () => {
     let studio;
     let browser;
 
     before(async () => {
-        const root = fs.mkdtempSync(path.join(os.tmpdir(), 'studio-shot-'));
-        studio = await startStudio({ args: ['--root', root], cwd: root });
+        studio = await startStudio();
         browser = await launchBrowser();
     });
 
+    // The harness closes the browser; stopping the server here checks that it exits cleanly.
     after(async () => {
-        await browser?.close();
         await studio?.stop();
     });
 
@@ -32,10 +29,7 @@ describe('the studio screenshot', () => {
         await selectLines(keyFrames, [2]);
         // The full-quality picture follows the drags' half-size ones 150 ms after the last move.
         await page.waitForTimeout(500);
-        const folder = process.env.STUDIO_ARTIFACTS || fs.mkdtempSync(path.join(os.tmpdir(), 'studio-artifacts-'));
-        fs.mkdirSync(folder, { recursive: true });
-        const file = path.join(folder, 'studio.png');
-        await page.screenshot({ path: file });
+        const file = await screenshot(page, 'studio');
         assert.ok(fs.statSync(file).size > 10000);
     });
 });

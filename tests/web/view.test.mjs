@@ -3,9 +3,6 @@
 // view (the host's `view` state), never on pixels.
 
 import assert from 'node:assert/strict';
-import fs from 'node:fs';
-import os from 'node:os';
-import path from 'node:path';
 import { after, before, describe, it } from 'node:test';
 
 import { assertEventually, dragView, settledStatus, viewPoint, viewStatus } from './person.mjs';
@@ -19,14 +16,13 @@ describe('the view', () => {
     let page;
 
     before(async () => {
-        const root = fs.mkdtempSync(path.join(os.tmpdir(), 'studio-view-'));
-        studio = await startStudio({ args: ['--root', root], cwd: root });
+        studio = await startStudio();
         browser = await launchBrowser();
         page = await openStudio(browser, studio);
     });
 
+    // The harness closes the browser; stopping the server here checks that it exits cleanly.
     after(async () => {
-        await browser?.close();
         await studio?.stop();
     });
 
