@@ -10,7 +10,6 @@ import {
 } from './person.mjs';
 import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
 
-
 describe('the Key Frame Animation dialog', () => {
     let studio;
     let browser;
