@@ -88,4 +88,11 @@ describe('the view', () => {
             assert.ok(again.position.every((p, i) => close(p, fitted.position[i])), JSON.stringify(again));
         });
     });
+
+    it('says Disconnected when the host goes', async () => {
+        assert.equal(await page.locator('#disconnected').isVisible(), false);
+        await studio.stop();
+        await page.locator('#disconnected').waitFor({ state: 'visible' });
+        assert.equal(await page.evaluate(() => window.studio.connected), false);
+    });
 });
