@@ -4,10 +4,9 @@
 // (keyframe/ui/DialogMain.cpp, DialogTimeAnimationOptions.cpp).
 
 import assert from 'node:assert/strict';
-import { after, before, describe, it } from 'node:test';
+import { before, describe, it } from 'node:test';
 
-import { assertEventually, button, dialog, listLines, openKeyFrames } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+import { assertEventually, button, dialog, listLines, openKeyFrames, useStudio } from './person.mjs';
 
 const TIME_OPTIONS = 'Time Animation Options';
 
@@ -19,21 +18,13 @@ async function menuToggles(keyFrames, menu) {
 }
 
 describe('dialogs', () => {
-    let studio;
-    let browser;
+    const session = useStudio();
     let page;
     let keyFrames;
 
     before(async () => {
-        studio = await startStudio();
-        browser = await launchBrowser();
-        page = await openStudio(browser, studio);
+        ({ page } = session);
         keyFrames = await openKeyFrames(page);
-    });
-
-    // The harness closes the browser; stopping the server here checks that it exits cleanly.
-    after(async () => {
-        await studio?.stop();
     });
 
     it('presses a button with Alt and its mnemonic letter', async () => {

@@ -5,13 +5,13 @@
 import assert from 'node:assert/strict';
 import fs from 'node:fs';
 import path from 'node:path';
-import { after, before, describe, it } from 'node:test';
+import { before, describe, it } from 'node:test';
 
 import {
     appendViews, assertEventually, button, chooseDialogMenu, chooseFile, controlState, dialog, listLines,
-    openKeyFrames, prompt, selectLines, typeInto, waitForLines,
+    openKeyFrames, prompt, selectLines, typeInto, useStudio, waitForLines,
 } from './person.mjs';
-import { ffprobeFrames, launchBrowser, openStudio, startStudio, temporaryFolder } from './support/studio.mjs';
+import { ffprobeFrames, temporaryFolder } from './support/studio.mjs';
 
 // Chooses an option menu's entry by the label beside the menu, and waits for the host to take it.
 async function chooseOption(page, dialogLocator, label, entry) {
@@ -24,24 +24,16 @@ async function chooseOption(page, dialogLocator, label, entry) {
 }
 
 describe('files', () => {
+    const session = useStudio();
     let root;
-    let studio;
-    let browser;
     let page;
     let keyFrames;
 
     before(async () => {
-        studio = await startStudio();
-        root = studio.cwd;
-        browser = await launchBrowser();
-        page = await openStudio(browser, studio);
+        ({ page } = session);
+        root = session.studio.cwd;
         keyFrames = await openKeyFrames(page);
         await appendViews(page, keyFrames, 2);
-    });
-
-    // The harness closes the browser; stopping the server here checks that it exits cleanly.
-    after(async () => {
-        await studio?.stop();
     });
 
     it('saves the key frames under a new name and opens them again', async () => {

@@ -3,28 +3,19 @@
 // and an animation stopped. Labels are the add-on's own (keyframe/ui/DialogMain.cpp).
 
 import assert from 'node:assert/strict';
-import { after, before, describe, it } from 'node:test';
+import { before, describe, it } from 'node:test';
 
 import {
-    appendViews, assertEventually, button, controlState, listLines, openKeyFrames, prompt, selectLines, typeInto,
+    appendViews, assertEventually, button, controlState, listLines, openKeyFrames, prompt, selectLines, typeInto, useStudio,
 } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
 
 describe('the Key Frame Animation dialog', () => {
-    let studio;
-    let browser;
+    const session = useStudio();
     let page;
     let keyFrames;
 
     before(async () => {
-        studio = await startStudio();
-        browser = await launchBrowser();
-        page = await openStudio(browser, studio);
-    });
-
-    // The harness closes the browser; stopping the server here checks that it exits cleanly.
-    after(async () => {
-        await studio?.stop();
+        ({ page } = session);
     });
 
     it('opens from Animate > Key Frame Animation...', async () => {

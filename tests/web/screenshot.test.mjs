@@ -3,27 +3,17 @@
 
 import assert from 'node:assert/strict';
 import fs from 'node:fs';
-import { after, before, describe, it } from 'node:test';
+import { describe, it } from 'node:test';
 
-import { appendViews, openKeyFrames, selectLines } from './person.mjs';
-import { launchBrowser, openStudio, screenshot, startStudio } from './support/studio.mjs';
+import { appendViews, openKeyFrames, selectLines, useStudio } from './person.mjs';
+import { screenshot } from './support/studio.mjs';
 
 describe('the studio screenshot', () => {
-    let studio;
-    let browser;
-
-    before(async () => {
-        studio = await startStudio();
-        browser = await launchBrowser();
-    });
-
-    // The harness closes the browser; stopping the server here checks that it exits cleanly.
-    after(async () => {
-        await studio?.stop();
-    });
+    // Wide enough for the dialog to stand beside the picture rather than over most of it.
+    const session = useStudio({ width: 1600, height: 860 });
 
     it('shows the Key Frame Animation dialog beside the view', async () => {
-        const page = await openStudio(browser, studio, { width: 1600, height: 860 });
+        const { page } = session;
         const keyFrames = await openKeyFrames(page);
         await appendViews(page, keyFrames, 4, { dx: 40, dy: 0 });
         await selectLines(keyFrames, [2]);

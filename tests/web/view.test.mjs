@@ -3,27 +3,19 @@
 // view (the host's `view` state), never on pixels.
 
 import assert from 'node:assert/strict';
-import { after, before, describe, it } from 'node:test';
+import { before, describe, it } from 'node:test';
 
-import { assertEventually, dragView, settledStatus, viewPoint, viewStatus } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+import { assertEventually, dragView, settledStatus, useStudio, viewPoint, viewStatus } from './person.mjs';
 
 const close = (a, b) => Math.abs(a - b) <= 1e-6 * Math.max(1, Math.abs(a), Math.abs(b));
 
 describe('the view', () => {
+    const session = useStudio();
     let studio;
-    let browser;
     let page;
 
     before(async () => {
-        studio = await startStudio();
-        browser = await launchBrowser();
-        page = await openStudio(browser, studio);
-    });
-
-    // The harness closes the browser; stopping the server here checks that it exits cleanly.
-    after(async () => {
-        await studio?.stop();
+        ({ studio, page } = session);
     });
 
     it('shows a picture once opened with the token', async () => {
