@@ -1,0 +1,99 @@
+// The Key Frame Animation dialog as a person uses it on the page: opened from the Animate menu,
+// key frames appended between turns of the view, a frame count typed, the list animated on screen
+// and an animation stopped. Labels are the add-on's own (keyframe/ui/DialogMain.cpp).
+
+import assert from 'node:assert/strict';
+import fs from 'node:fs';
+import os from 'node:os';
+import path from 'node:path';
+import { after, before, describe, it } from 'node:test';
+
+import {
+    appendViews, assertEventually, button, controlState, listLines, openKeyFrames, prompt, selectLines, typeInto,
+} from './person.mjs';
+import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+
+const framesDrawn = (page) => page.evaluate(() => window.studio.framesDrawn);
+
+describe('the Key Frame Animation dialog', () => {
+    let studio;
+    let browser;
+    let page;
+    let keyFrames;
+
+    before(async () => {
+        const root = fs.mkdtempSync(path.join(os.tmpdir(), 'studio-keyframes-'));
+        studio = await startStudio({ args: ['--root', root], cwd: root });
+        browser = await launchBrowser();
+        page = await openStudio(browser, studio);
+    });
+
+    after(async () => {
+        await browser?.close();
+        await studio?.stop();
+    });
+
+    it('opens from Animate > Key Frame Animation...', async () => {
+        keyFrames = await openKeyFrames(page);
+        assert.equal(await keyFrames.getAttribute('role'), 'dialog');
+        assert.equal(await keyFrames.locator('.dialog-title').textContent(), 'Key Frame Animation');
+        for (const name of ['Append', 'Insert', 'Animate All', 'Close', 'Help']) {
+            assert.equal(await button(keyFrames, name).count(), 1, name);
+        }
+    });
+
+    it('lists three views appended between drags as View 1 to View 3', async () => {
+        await appendViews(page, keyFrames, 3);
+        assert.deepEqual(await listLines(keyFrames), ['View 1', 'View 2', 'View 3']);
+    });
+
+    it('takes a frame count typed and committed with Enter', async () => {
+        await selectLines(keyFrames, [1]);
+        const field = await typeInto(keyFrames, 'Frame Count:', '12');
+        await assertEventually(async () => assert.equal((await controlState(page, field)).text, '12'));
+        assert.equal(await field.inputValue(), '12');
+        // The count is the key frame's: another line shows its own, the first one 12 again.
+        await selectLines(keyFrames, [2]);
+        await assertEventually(async () => assert.equal(await field.inputValue(), '30'));
+        await selectLines(keyFrames, [1]);
+        await assertEventually(async () => assert.equal(await field.inputValue(), '12'));
+    });
+
+    it('animates all on screen with progress, drawing frames during the run', async () => {
+        await button(keyFrames, 'Animate All').click();
+        await page.locator('#progress').waitFor({ state: 'visible' });
+        // Pictures counted while the progress shows: the page draws the run, not only its end.
+        const seen = await page.evaluate(() => new Promise((resolve) => {
+            const counts = [];
+            const timer = setInterval(() => {
+                counts.push(window.studio.framesDrawn);
+                if (document.getElementById('progress').hidden) {
+                    clearInterval(timer);
+                    resolve(counts);
+                }
+            }, 20);
+        }));
+        assert.ok(seen[seen.length - 1] > seen[0], `frames drawn while the progress showed: ${seen[0]} -> ${seen[seen.length - 1]}`);
+        assert.equal(await prompt(page).count(), 0);
+    });
+
+    it('stops a long animation with Stop and says so', async () => {
+        await selectLines(keyFrames, [1, 2, 3]);
+        await typeInto(keyFrames, 'Frame Count:', '5000');
+        await assertEventually(async () => {
+            const field = keyFrames.getByRole('textbox', { name: 'Frame Count:', exact: true });
+            assert.equal((await controlState(page, field)).text, '5000');
+        });
+        await button(keyFrames, 'Animate All').click();
+        await page.locator('#progress').waitFor({ state: 'visible' });
+        const started = await framesDrawn(page);
+        await assertEventually(async () => assert.ok(await framesDrawn(page) >= started + 3));
+        await page.locator('#stop-button').click();
+        const canceled = prompt(page);
+        await canceled.waitFor({ timeout: 60000 });
+        assert.equal(await canceled.locator('.prompt-text').textContent(), 'Animation canceled.');
+        await canceled.getByRole('button', { name: 'OK', exact: true }).click();
+        await canceled.waitFor({ state: 'detached' });
+        await page.locator('#progress').waitFor({ state: 'hidden' });
+    });
+});
