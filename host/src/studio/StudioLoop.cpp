@@ -670,7 +670,8 @@ std::optional<fs::path> Studio::Loop::askForFile(VexSelectFileOption_e mode,
 }
 
 void Studio::Loop::tell(const std::string& text) {
-    acknowledge(UserDialogs::Kind::ErrorDialog, text);
+    // As the host's own error dialog: recorded, and shown to the person through the responder.
+    host_.userDialogs().showError(text.c_str());
 }
 
 // ---- state ----
