@@ -7,8 +7,8 @@
 //
 // Rules: the rules always decide (a refusal with a status, or something to serve inside the web
 // folder or the roots); a message never throws out of the loop, leaves no host error, and leaves
-// the host as FuzzHost::checkHost requires. The studio is told to end before each message, so a
-// question or file dialog is answered No or Cancel at once instead of waiting for a person.
+// the host as FuzzHost::checkHost requires. The studio is told to end before the first message,
+// so a question or file dialog is answered No or Cancel at once instead of waiting for a person.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -69,12 +69,18 @@ void decideRequest(uint8_t selector, const std::string& text) {
 
 void handleMessage(const std::string& text) {
     static vexfuzz::FuzzHost fuzzHost;
-    fuzzHost.reset();
     vexhost::Host& host = vexhost::Host::instance();
-    vexhost::StudioOptions options;
-    options.webDirectory = std::filesystem::current_path().string();
-    vexhost::Studio::Loop loop(host, options);
-    loop.deliver({vexhost::studio::NetworkEvent::Kind::Quit, 0, {}});
+    // One studio for every input (it listens and has a network thread); it takes the host again
+    // after each reset.
+    static vexhost::Studio::Loop& loop = [&host]() -> vexhost::Studio::Loop& {
+        vexhost::StudioOptions options;
+        options.webDirectory = std::filesystem::current_path().string();
+        static vexhost::Studio::Loop studio(host, options);
+        studio.deliver({vexhost::studio::NetworkEvent::Kind::Quit, 0, {}});
+        return studio;
+    }();
+    fuzzHost.reset();
+    loop.attach();
     loop.handleMessage(1, text);
     host.idleQueue().runUntilEmpty();
     vexfuzz::expect(
