@@ -12,8 +12,9 @@ export const KEY_FRAMES = 'Key Frame Animation';
 const WAIT_MS = 20000;
 
 // One studio for the tests of a describe block: a server in a folder of its own, a browser, and
-// the page at the given size, filled in before the first test. The harness closes the browser;
-// stopping the server here checks that it exits cleanly.
+// the page at the given size, filled in before the first test. The page's browser context is
+// closed here, before the harness closes the browser (its clean-up closes both at once, and the
+// context then can find its browser gone); stopping the server here checks that it exits cleanly.
 export function useStudio(viewport) {
     const session = {};
     before(async () => {
@@ -22,6 +23,7 @@ export function useStudio(viewport) {
         session.page = await openStudio(session.browser, session.studio, viewport);
     });
     after(async () => {
+        await session.page?.context().close();
         await session.studio?.stop();
     });
     return session;
