@@ -3,7 +3,7 @@
 // and an animation stopped. Labels are the add-on's own (keyframe/ui/DialogMain.cpp).
 
 import assert from 'node:assert/strict';
-import { before, describe, it } from 'node:test';
+import { describe, it } from 'node:test';
 
 import {
     appendViews, assertEventually, button, controlState, listLines, openKeyFrames, prompt, selectLines, typeInto, useStudio,
@@ -11,14 +11,10 @@ import {
 
 describe('the Key Frame Animation dialog', () => {
     const session = useStudio();
-    let page;
     let keyFrames;
 
-    before(async () => {
-        ({ page } = session);
-    });
-
     it('opens from Animate > Key Frame Animation...', async () => {
+        const { page } = session;
         keyFrames = await openKeyFrames(page);
         assert.equal(await keyFrames.getAttribute('role'), 'dialog');
         assert.equal(await keyFrames.locator('.dialog-title').textContent(), 'Key Frame Animation');
@@ -28,11 +24,13 @@ describe('the Key Frame Animation dialog', () => {
     });
 
     it('lists three views appended between drags as View 1 to View 3', async () => {
+        const { page } = session;
         await appendViews(page, keyFrames, 3);
         assert.deepEqual(await listLines(keyFrames), ['View 1', 'View 2', 'View 3']);
     });
 
     it('takes a frame count typed and committed with Enter', async () => {
+        const { page } = session;
         await selectLines(keyFrames, [1]);
         const field = await typeInto(keyFrames, 'Frame Count:', '12');
         await assertEventually(async () => assert.equal((await controlState(page, field)).text, '12'));
@@ -45,6 +43,7 @@ describe('the Key Frame Animation dialog', () => {
     });
 
     it('animates all on screen with progress, drawing frames during the run', async () => {
+        const { page } = session;
         // Pictures counted while the progress shows, watched from before the press: the page draws
         // the run, not only its end. The run has the frame counts set before (12, then 30), some
         // seconds with every frame shown.
@@ -70,6 +69,7 @@ describe('the Key Frame Animation dialog', () => {
     });
 
     it('stops a long animation with Stop and says so', async () => {
+        const { page } = session;
         await selectLines(keyFrames, [1, 2, 3]);
         // Enough frames that computing their views alone takes the host many seconds: Stop comes
         // mid-run however fast the machine draws.
