@@ -33,6 +33,7 @@ export class View {
         this.wheelSteps = 0;
         this.frameRequested = false;
         this.drawing = Promise.resolve();
+        this.lastPicture = null; // kept to fill the panel again when it is resized
 
         connection.onPicture((data) => this.receivePicture(data));
         connection.onOpen(() => this.sendViewport());
@@ -67,18 +68,25 @@ export class View {
             this.connection.send({ type: 'ack', frame });
             return;
         }
-        const { width, height } = this.canvas;
-        // Letterboxed: the picture keeps its shape and is centred in the panel.
-        const scale = Math.min(width / bitmap.width, height / bitmap.height);
-        const w = Math.round(bitmap.width * scale);
-        const h = Math.round(bitmap.height * scale);
-        this.context.fillStyle = '#000';
-        this.context.fillRect(0, 0, width, height);
-        this.context.drawImage(bitmap, Math.floor((width - w) / 2), Math.floor((height - h) / 2), w, h);
-        bitmap.close();
+        this.lastPicture?.close();
+        this.lastPicture = bitmap;
+        this.paint();
         this.studio.framesDrawn += 1;
         this.recordLatency(seq);
         this.connection.send({ type: 'ack', frame });
+    }
+
+    // The last picture letterboxed: it keeps its shape and is centred in the panel.
+    paint() {
+        const bitmap = this.lastPicture;
+        const { width, height } = this.canvas;
+        this.context.fillStyle = '#000';
+        this.context.fillRect(0, 0, width, height);
+        if (!bitmap) return;
+        const scale = Math.min(width / bitmap.width, height / bitmap.height);
+        const w = Math.round(bitmap.width * scale);
+        const h = Math.round(bitmap.height * scale);
+        this.context.drawImage(bitmap, Math.floor((width - w) / 2), Math.floor((height - h) / 2), w, h);
     }
 
     // Each view message counts once, on the first picture that shows it: the full-quality picture
@@ -116,6 +124,8 @@ export class View {
         if (this.canvas.width !== width || this.canvas.height !== height) {
             this.canvas.width = width;
             this.canvas.height = height;
+            // The last picture, fitted to the new size, until the host sends one of that size.
+            this.paint();
         }
     }
 
