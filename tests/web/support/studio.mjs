@@ -17,8 +17,8 @@ const here = path.dirname(fileURLToPath(import.meta.url));
 
 /** The repository (CTest sets VEX_TEST_SOURCE_DIR; run by hand, the one this file is in). */
 export const sourceDir = process.env.VEX_TEST_SOURCE_DIR || path.resolve(here, '../../..');
-/** The vexplot under test (CTest sets VEXPLOT to the one it built). */
-export const vexplotPath = process.env.VEXPLOT || path.join(sourceDir, 'build/bin/vexplot');
+/** The vexplot under test (CTest sets VEXPLOT to the one it built); servers run in other folders. */
+export const vexplotPath = path.resolve(process.env.VEXPLOT || path.join(sourceDir, 'build/bin/vexplot'));
 /** Where tests leave screenshots and other files worth looking at after a run. */
 export const artifactsDir =
   process.env.STUDIO_ARTIFACTS || path.join(sourceDir, 'build/studio-artifacts');
