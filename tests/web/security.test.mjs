@@ -205,7 +205,14 @@ test('a WebSocket message over 64 KiB closes the connection', async () => {
     assert.equal(code, 1009, 'closed as "message too big"');
 });
 
-// Messages that cannot be read or done: each gets an error reply, on a connection that lives on.
+test('a text message that is not UTF-8 closes the connection, as WebSocket requires', async () => {
+    const socket = await connectWebSocket(studio, { cookie });
+    await socket.next((m) => m.type === 'snapshot');
+    socket.ws.send(Buffer.from([0x7b, 0x22, 0xff, 0xfe, 0x22, 0x7d]), { binary: false });
+    const { code } = await socket.closed;
+    assert.equal(code, 1007, 'closed as "invalid frame payload data"');
+});
+
 // A drag message as JSON text with one field's raw text replaced (left out when undefined): the
 // text may be what JSON.stringify cannot write (1e999, a number of 30 digits).
 function dragWith(field, raw) {
@@ -213,6 +220,8 @@ function dragWith(field, raw) {
     const members = Object.entries(fields).filter(([, v]) => v !== undefined);
     return `{"type":"drag",${members.map(([k, v]) => `"${k}":${v}`).join(',')}}`;
 }
+
+// Messages that cannot be read or done: each gets an error reply, on a connection that lives on.
 const badMessages = [
     ['malformed JSON', '{"type":"drag",'],
     ['empty text', ''],
