@@ -15,7 +15,7 @@ build=${FUZZ_BUILD_DIR:-build-fuzz}
 seconds=${FUZZ_SECONDS:-60}
 targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
-    targets=(fuzz_settings_file fuzz_macro_command fuzz_macro_file)
+    targets=(fuzz_settings_file fuzz_macro_command fuzz_macro_file fuzz_studio_message)
 fi
 
 if [ ! -f "$build/CMakeCache.txt" ]; then

@@ -10,7 +10,10 @@ jobs=$(nproc)
 build=${SANITIZE_BUILD_DIR:-build-asan}
 
 rm -rf "$build"
-cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVEX_SANITIZE=ON -DVEX_BUILD_BENCH=OFF
+# -O1 with line tables only (-g1): the sanitizers' reports keep their stacks with file and line,
+# and the build takes markedly less time than -O2 with full debug information.
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVEX_SANITIZE=ON -DVEX_BUILD_BENCH=OFF \
+    -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O1 -g1 -DNDEBUG" -DCMAKE_C_FLAGS_RELWITHDEBINFO="-O1 -g1 -DNDEBUG"
 cmake --build "$build" -j"$jobs"
 
 # Leak checking stays on (the default on Linux); errors report their stacks. Every program the
@@ -25,4 +28,8 @@ export ASAN_OPTIONS="detect_leaks=1:check_initialization_order=1:strict_init_ord
 # reason, in scripts/lsan.supp.
 export LSAN_OPTIONS="suppressions=$root/scripts/lsan.supp:print_suppressions=0"
 export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
-ctest --test-dir "$build" --output-on-failure -j"$jobs"
+# Of the studio's browser tests, only the one that feeds the server hostile requests and messages
+# runs here: the others act as a person in Chromium, which the sanitizers do not look into, and
+# the normal build runs them all.
+ctest --test-dir "$build" --output-on-failure -j"$jobs" -LE '^web$'
+ctest --test-dir "$build" --output-on-failure -R '^web_tests\.security$'

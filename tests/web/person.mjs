@@ -138,13 +138,14 @@ export async function assertEventually(check, timeoutMs = WAIT_MS) {
     }
 }
 
-// Appends n key frames with the dialog's Append button, turning the view between them.
-export async function appendViews(page, keyFrames, n) {
+// Appends n key frames with the dialog's Append button, turning the view between them by a drag
+// of turn pixels.
+export async function appendViews(page, keyFrames, n, turn = { dx: 80, dy: 20 }) {
     const before = (await listLines(keyFrames)).filter((l) => /^View \d+$/.test(l)).length;
     for (let i = 0; i < n; ++i) {
         if (i > 0) {
             const status = await viewStatus(page);
-            await dragView(page, { dx: 80, dy: 20 });
+            await dragView(page, turn);
             await assertEventually(async () => assert.notDeepEqual(await viewStatus(page), status));
         }
         await button(keyFrames, 'Append').click();

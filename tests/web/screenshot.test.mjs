@@ -26,9 +26,9 @@ describe('the studio screenshot', () => {
     });
 
     it('shows the Key Frame Animation dialog beside the view', async () => {
-        const page = await openStudio(browser, studio, { width: 1400, height: 800 });
+        const page = await openStudio(browser, studio, { width: 1600, height: 860 });
         const keyFrames = await openKeyFrames(page);
-        await appendViews(page, keyFrames, 4);
+        await appendViews(page, keyFrames, 4, { dx: 40, dy: 0 });
         await selectLines(keyFrames, [2]);
         // The full-quality picture follows the drags' half-size ones 150 ms after the last move.
         await page.waitForTimeout(500);

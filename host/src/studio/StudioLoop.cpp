@@ -160,7 +160,10 @@ Studio::Loop::Loop(Host& host, const StudioOptions& options)
     config.helpDirectory = options.helpDirectory;
     config.roots = &roots_;
     server_ = WebServer::start(config, events_);
+    attach();
+}
 
+void Studio::Loop::attach() {
     host_.userDialogs().setResponder(this);
     host_.progress().setSink([this](const ProgressStatus::Event&) { serviceWhileBusy(); });
     redrawsSeen_ = host_.drawing().drawnFrames();
@@ -306,12 +309,29 @@ void Studio::Loop::serviceWhileBusy() {
     for (std::optional<NetworkEvent> event = events_.pop(std::chrono::milliseconds(0)); event;
          event = events_.pop(std::chrono::milliseconds(0)))
         handleEvent(*event);
+    // Ending the studio ends what runs, also a run started after the end was asked for.
+    if (quitting_ && host_.progress().isOpen())
+        host_.progress().pressStop();
+    noteFinishedExports();
+    publish();
     if (host_.drawing().drawnFrames() != redrawsSeen_) {
         redrawsSeen_ = host_.drawing().drawnFrames();
         markAllDirty();
+        // A frame drawn on screen is shown, as a screen shows every frame: the run waits until
+        // the pages have taken their last picture. Not while exporting, whose frames go to the
+        // movie; and not for long, so a page that stopped answering holds nobody up.
+        if (!host_.exporter().isRecording()) {
+            const Clock::time_point giveUp = Clock::now() + ShownFrameWait;
+            const auto waiting = [this] {
+                return std::any_of(pages_.begin(), pages_.end(), [](const auto& entry) {
+                    return entry.second.inFlight && entry.second.viewportWidth > 0;
+                });
+            };
+            while (!quitting_ && waiting() && Clock::now() < giveUp)
+                waitAndHandle(std::chrono::duration_cast<std::chrono::milliseconds>(
+                    giveUp - Clock::now()));
+        }
     }
-    noteFinishedExports();
-    publish();
     deliverPictures();
 }
 
@@ -650,7 +670,8 @@ std::optional<fs::path> Studio::Loop::askForFile(VexSelectFileOption_e mode,
 }
 
 void Studio::Loop::tell(const std::string& text) {
-    acknowledge(UserDialogs::Kind::ErrorDialog, text);
+    // As the host's own error dialog: recorded, and shown to the person through the responder.
+    host_.userDialogs().showError(text.c_str());
 }
 
 // ---- state ----

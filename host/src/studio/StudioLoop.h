@@ -37,9 +37,15 @@ public:
     static constexpr int DragQuality = 50;
     static constexpr int FullQuality = 85;
     static constexpr std::chrono::milliseconds DragSettle{150};
+    // The longest an on-screen run waits for a page to take its last picture before drawing on.
+    static constexpr std::chrono::milliseconds ShownFrameWait{500};
 
     Loop(Host& host, const StudioOptions& options);
     ~Loop() override;
+
+    // Takes the host's user dialogs and progress status (the constructor does; again after the
+    // host was reset, as the fuzz target resets it between inputs).
+    void attach();
 
     std::string url() const;
     uint16_t port() const { return server_->port(); }

@@ -118,6 +118,22 @@ TEST(CommandLineTest, ReadsADataFileWithItsColourBlocksAndSeeds) {
     EXPECT_EQ(5, plane.dataOptions.seed.countAcross);
 }
 
+TEST(CommandLineTest, ServeTakesAPortAndAnAddress) {
+    RunOptions options = CommandLine::parse({"--serve", "8080", "setup.mcr"});
+    EXPECT_TRUE(options.serve);
+    EXPECT_EQ("127.0.0.1", options.serveAddress);
+    EXPECT_EQ(8080, options.servePort);
+    EXPECT_EQ(std::vector<std::string>{"setup.mcr"}, options.macroFiles);
+    options = CommandLine::parse({"--serve=0.0.0.0:0", "--root", "a", "--root=b", "--web", "w"});
+    EXPECT_EQ("0.0.0.0", options.serveAddress);
+    EXPECT_EQ(0, options.servePort);
+    EXPECT_EQ((std::vector<std::string>{"a", "b"}), options.roots);
+    EXPECT_EQ("w", options.webDirectory);
+    EXPECT_EQ("::1", CommandLine::parse({"--serve", "[::1]:9000"}).serveAddress);
+    EXPECT_EQ("127.0.0.1", CommandLine::parse({"--serve", "localhost:9000"}).serveAddress);
+    EXPECT_FALSE(CommandLine::parse({}).serve);
+}
+
 TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
     EXPECT_TRUE(CommandLine::parse({"--help"}).help);
     EXPECT_TRUE(CommandLine::parse({"-h"}).help);
@@ -126,9 +142,10 @@ TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
 TEST(CommandLineTest, UsageNamesEveryOption) {
     const std::string usage = CommandLine::usage();
     for (const char* option :
-         {"--addon", "--data", "--demo-triangles", "--color-by", "--colormap", "--hide-block",
-          "--streamtraces", "--seed-line", "--seed-plane", "--trace", "--record", "--answer",
-          "--file-name", "--stop-at", "--keep-going", "--size", "--help"}) {
+         {"--addon",      "--data",         "--demo-triangles", "--color-by",   "--colormap",
+          "--hide-block", "--streamtraces", "--seed-line",      "--seed-plane", "--trace",
+          "--record",     "--answer",       "--file-name",      "--stop-at",    "--keep-going",
+          "--size",       "--serve",        "--root",           "--web",        "--help"}) {
         EXPECT_NE(std::string::npos, usage.find(option)) << option;
     }
     EXPECT_EQ(0u, usage.find("Usage: vexplot [options] [MACRO_FILE ...]\n"));
@@ -162,6 +179,21 @@ INSTANTIATE_TEST_SUITE_P(
         BadCommandLine{"UnknownShortOption", {"-x"}, "unknown option '-x'"},
         BadCommandLine{"UnknownOptionWithValue", {"--fast=yes"}, "unknown option '--fast'"},
         BadCommandLine{"MissingValue", {"--trace"}, "--trace needs a value"},
+        BadCommandLine{"ServeWord",
+                       {"--serve", "web"},
+                       "--serve needs [HOST:]PORT, PORT from 0 (any free port) to 65535 (as in "
+                       "8080 or 127.0.0.1:8080); found 'web'"},
+        BadCommandLine{"ServePortTooLarge",
+                       {"--serve", "127.0.0.1:65536"},
+                       "--serve needs [HOST:]PORT, PORT from 0 (any free port) to 65535 (as in "
+                       "8080 or 127.0.0.1:8080); found '127.0.0.1:65536'"},
+        BadCommandLine{"ServeNoHost",
+                       {"--serve", ":80"},
+                       "--serve needs [HOST:]PORT, PORT from 0 (any free port) to 65535 (as in "
+                       "8080 or 127.0.0.1:8080); found ':80'"},
+        BadCommandLine{"RootWithoutServe", {"--root", "."}, "--root needs --serve"},
+        BadCommandLine{"WebWithoutServe", {"--web", "w"}, "--web needs --serve"},
+        BadCommandLine{"EmptyRoot", {"--serve", "0", "--root="}, "--root needs a folder"},
         BadCommandLine{"EmptyTrace", {"--trace="}, "--trace needs a file name"},
         BadCommandLine{"EmptyRecord", {"--record", ""}, "--record needs a file name"},
         BadCommandLine{"EmptyAddOn", {"--addon="}, "--addon needs the path of an add-on library"},

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -83,6 +84,48 @@ TEST_F(UserDialogsTest, HelpPagesAreRecorded) {
     EXPECT_TRUE(VexUtilHelp("addons.html#addons/working-with/keyframe"));
     EXPECT_EQ(host().userDialogs().helpPages(),
               std::vector<std::string>{"addons.html#addons/working-with/keyframe"});
+}
+
+// A person at the screen: what the responder is shown and what it answers.
+class PersonAtTheScreen : public UserDialogs::Responder {
+public:
+    void acknowledge(UserDialogs::Kind kind, const std::string& text) override {
+        seen.push_back(std::to_string(static_cast<int>(kind)) + " " + text);
+    }
+    bool answer(VexMessageBoxType_e, const std::string& text) override {
+        seen.push_back("asked " + text);
+        return true;
+    }
+    std::optional<std::string> chooseFile(const UserDialogs::FileDialog& request) override {
+        seen.push_back("file " + request.defaultFileName);
+        return std::string("chosen.keyframe");
+    }
+    std::vector<std::string> seen;
+};
+
+TEST_F(UserDialogsTest, AResponderIsShownEveryMessageAndAnswersWhatNothingQueuedAnswers) {
+    PersonAtTheScreen person;
+    UserDialogs& dialogs = host().userDialogs();
+    dialogs.setResponder(&person);
+    dialogs.queueAnswer(false);
+    VexUtilDialogErrMsg("Bad.");
+    EXPECT_TRUE(VexUtilDialogMessageBox("Note.", VexMessageBox_Warning));
+    EXPECT_FALSE(VexUtilDialogMessageBox("Queued?", VexMessageBox_YesNo));  // the queue first
+    EXPECT_TRUE(VexUtilDialogMessageBox("Person?", VexMessageBox_Question));
+    char* name = nullptr;
+    ASSERT_TRUE(VexUtilDialogGetFileName(VexSelectFile_WriteFile, &name, "Key Frame", "a.keyframe",
+                                         "*.keyframe"));
+    EXPECT_STREQ("chosen.keyframe", name);
+    VexUtilStringDealloc(&name);
+    EXPECT_EQ((std::vector<std::string>{"0 Bad.", "2 Note.", "asked Person?", "file a.keyframe"}),
+              person.seen);
+    ASSERT_EQ(1u, dialogs.fileDialogs().size());
+    EXPECT_EQ(std::optional<std::string>("chosen.keyframe"), dialogs.fileDialogs()[0].answer);
+    // Reset forgets the responder: questions are host errors again.
+    host().reset();
+    EXPECT_FALSE(VexUtilDialogMessageBox("Alone?", VexMessageBox_YesNo));
+    EXPECT_EQ(1u, takeHostErrors().size());
+    EXPECT_EQ(4u, person.seen.size());
 }
 
 }  // namespace

@@ -99,6 +99,43 @@ TEST_F(StudioLoopTest, SaveAsThroughTheFileChooserWritesTheFileChosen) {
     EXPECT_EQ("#!KeyFrame", first.substr(0, 10));
 }
 
+TEST_F(StudioLoopTest, TheFileMenuSavesTheRecordedMacroWhereThePersonChose) {
+    send(R"({"type":"record","on":true})");
+    send(R"({"type":"drag","seq":1,"mode":"zoom","dx":0,"dy":10,"active":false})");
+    answerNext(R"("file":{"root":0,"path":"session.mcr"})");
+    send(R"({"type":"menu","id":"file.saveMacro"})");
+    std::ifstream file(scratch_.path() / "session.mcr");
+    std::string line;
+    std::vector<std::string> lines;
+    while (std::getline(file, line))
+        lines.push_back(line);
+    EXPECT_EQ(host().macro().lines(), lines);
+    EXPECT_EQ(2u, lines.size());
+}
+
+TEST_F(StudioLoopTest, TheFileMenuRunsAMacroFileAndShowsItsFailure) {
+    std::vector<std::string> ran;
+    loop_.reset();
+    vexhost::StudioOptions options;
+    options.roots = {scratch_.path().string()};
+    options.runMacroFile = [&ran](const std::string& path) {
+        ran.push_back(path);
+        throw std::runtime_error("setup.mcr:3: $!VIEW needs 7 numbers");
+    };
+    options.openDataFile = [&ran](const std::string& path) { ran.push_back("data " + path); };
+    loop_ = std::make_unique<vexhost::Studio::Loop>(host(), options);
+    std::ofstream(scratch_.path() / "setup.mcr") << "#!MC 1410\n";
+    answerNext(R"("file":{"root":0,"path":"setup.mcr"})");
+    answerNext("\"ok\":true");  // the message with the failure, dismissed
+    send(R"({"type":"menu","id":"file.openMacro"})");
+    answerNext(R"("file":{"root":0,"path":"hill.pvd"})");
+    send(R"({"type":"menu","id":"file.openData"})");
+    const std::string root = std::filesystem::canonical(scratch_.path()).string();
+    EXPECT_EQ((std::vector<std::string>{root + "/setup.mcr", "data " + root + "/hill.pvd"}), ran);
+    ASSERT_FALSE(host().userDialogs().errorMessages().empty());
+    EXPECT_EQ("setup.mcr:3: $!VIEW needs 7 numbers", host().userDialogs().errorMessages().back());
+}
+
 TEST_F(StudioLoopTest, AQuestionGetsThePersonsAnswer) {
     answerNext(R"("yes":true)");
     EXPECT_TRUE(host().userDialogs().showMessageBox("Go on?", VexMessageBox_YesNo));
