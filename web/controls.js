@@ -7,8 +7,9 @@
 
 import { parseMnemonic, plainText, renderLabel } from './mnemonic.js';
 
-// How long a committed text waits for the host's answer before the field shows the host's text
-// again (an invalid number is put back by the host without a change to send).
+// How long a committed text or a requested selection waits for the host's answer before the
+// page goes by the host's state again (an invalid number is put back by the host without a change
+// to send).
 const COMMIT_SETTLE_MS = 1500;
 
 function disable(elements, control) {
@@ -171,6 +172,14 @@ const list = {
         element.setAttribute('role', 'listbox');
         element.tabIndex = 0;
         element.anchor = 1;
+        // Quick Ctrl+clicks build on the selection asked for last, which the host may not have
+        // sent back yet; the host's answer (or its silence, for a refusal) ends the wait.
+        const send = (lines) => {
+            element.requested = lines;
+            clearTimeout(element.requestTimer);
+            element.requestTimer = setTimeout(() => { element.requested = null; }, COMMIT_SETTLE_MS);
+            ui.gui('select', control.id, { lines });
+        };
         const select = (line, event) => {
             const current = ui.control(control.id);
             if (current.sensitive === false) return;
@@ -178,7 +187,7 @@ const list = {
             if (current.multiSelection && event.shiftKey) {
                 lines = range(element.anchor, line);
             } else if (current.multiSelection && (event.ctrlKey || event.metaKey)) {
-                const selected = new Set(current.selection || []);
+                const selected = new Set(element.requested || current.selection || []);
                 if (selected.has(line)) selected.delete(line);
                 else selected.add(line);
                 lines = [...selected].sort((a, b) => a - b);
@@ -186,7 +195,7 @@ const list = {
             } else {
                 element.anchor = line;
             }
-            ui.gui('select', control.id, { lines });
+            send(lines);
         };
         element.addEventListener('click', (event) => {
             const option = event.target.closest('[role=option]');
@@ -201,7 +210,7 @@ const list = {
             const selection = current.selection || [];
             const last = selection.length ? (step > 0 ? selection[selection.length - 1] : selection[0]) : 0;
             const line = Math.min(count, Math.max(1, last + step));
-            if (current.multiSelection && event.shiftKey) ui.gui('select', control.id, { lines: range(element.anchor, line) });
+            if (current.multiSelection && event.shiftKey) send(range(element.anchor, line));
             else select(line, {});
         });
         return element;
@@ -211,6 +220,10 @@ const list = {
         element.setAttribute('aria-disabled', control.sensitive === false ? 'true' : 'false');
         const items = control.items || [];
         const selected = new Set(control.selection || []);
+        if (element.requested && element.requested.join() === [...selected].sort((a, b) => a - b).join()) {
+            element.requested = null;
+            clearTimeout(element.requestTimer);
+        }
         while (element.children.length > items.length) element.lastChild.remove();
         items.forEach((text, index) => {
             let option = element.children[index];

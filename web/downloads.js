@@ -1,13 +1,9 @@
 // What the host wrote (state `downloads`): a link for each file, a player for movies, and the
 // macro recorder's switch (state `recording`; the checkbox shows it, a click asks for the change).
 
-const MOVIE_TYPES = { mp4: 'video/mp4', webm: 'video/webm' };
+import { formatSize } from './format.js';
 
-function formatSize(size) {
-    if (size < 1024) return `${size} B`;
-    if (size < 1024 * 1024) return `${(size / 1024).toFixed(1)} KiB`;
-    return `${(size / 1024 / 1024).toFixed(1)} MiB`;
-}
+const MOVIE_TYPES = { mp4: 'video/mp4', webm: 'video/webm' };
 
 function extension(name) {
     const dot = name.lastIndexOf('.');

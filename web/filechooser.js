@@ -2,6 +2,8 @@
 // `list` messages, the names filtered by the prompt's filter, and a name field (a new name in
 // write mode). The answer is {root, path} with path relative to the root, or null for Cancel.
 
+import { formatSize } from './format.js';
+
 function globToRegExp(glob) {
     const escaped = glob.replace(/[.+^${}()|[\]\\]/g, '\\$&').replace(/\*/g, '.*').replace(/\?/g, '.');
     return new RegExp(`^${escaped}$`, 'i');
@@ -17,13 +19,6 @@ function filterOf(prompt) {
 
 const join = (folder, name) => (folder ? `${folder}/${name}` : name);
 const baseName = (path) => String(path || '').split(/[\\/]/).pop();
-
-function formatSize(size) {
-    if (size === undefined || size === null) return '';
-    if (size < 1024) return `${size} B`;
-    if (size < 1024 * 1024) return `${(size / 1024).toFixed(1)} KiB`;
-    return `${(size / 1024 / 1024).toFixed(1)} MiB`;
-}
 
 export class FileChooser {
     constructor(prompt, { win, text, buttons }, actions) {
@@ -127,7 +122,7 @@ export class FileChooser {
             name.textContent = entry.dir ? `${entry.name}/` : entry.name;
             const size = document.createElement('span');
             size.className = 'file-size';
-            size.textContent = entry.dir ? '' : formatSize(entry.size);
+            size.textContent = entry.dir ? '' : formatSize(Number(entry.size) || 0);
             row.append(name, size);
             row.addEventListener('click', () => this.pick(row, entry));
             row.addEventListener('dblclick', () => (entry.dir ? this.go(this.root, join(this.folder, entry.name)) : this.accept()));

@@ -45,7 +45,7 @@ export class Prompts {
     }
 
     window(title) {
-        const win = this.windows.create({ title, modal: true, className: 'dialog prompt', role: 'alertdialog' });
+        const win = this.windows.create({ title, prompt: true, className: 'dialog prompt', role: 'alertdialog' });
         const text = document.createElement('div');
         text.className = 'prompt-text';
         text.id = `${win.title.id}-text`;

@@ -20,13 +20,14 @@ export class WindowManager {
         document.addEventListener('keydown', (event) => this.trapTab(event), true);
     }
 
-    // {element, titleBar, title, body}; the caller fills body and calls show().
-    create({ title, modal, className = 'dialog', role = 'dialog' }) {
+    // {element, titleBar, title, body}; the caller fills body and calls show(). A prompt is modal
+    // and in front of every dialog.
+    create({ title, modal, prompt = false, className = 'dialog', role = 'dialog' }) {
         const element = document.createElement('div');
         element.className = className;
         element.setAttribute('role', role);
         element.tabIndex = -1;
-        if (modal) element.setAttribute('aria-modal', 'true');
+        if (modal || prompt) element.setAttribute('aria-modal', 'true');
         const titleBar = document.createElement('div');
         titleBar.className = 'dialog-titlebar';
         const titleText = document.createElement('span');
@@ -38,7 +39,7 @@ export class WindowManager {
         const body = document.createElement('div');
         body.className = 'dialog-body';
         element.append(titleBar, body);
-        const win = { element, titleBar, title: titleText, body, modal: !!modal };
+        const win = { element, titleBar, title: titleText, body, modal: !!modal || prompt, prompt };
         this.makeMovable(win);
         element.addEventListener('pointerdown', () => {
             if (!win.modal) this.raise(win);
@@ -63,6 +64,7 @@ export class WindowManager {
         }
         if (win.modal) {
             if (!this.modalOrder.includes(win)) this.modalOrder.push(win);
+            this.orderModals(this.modalOrder.filter((w) => !w.prompt));
         } else {
             this.raise(win);
         }
@@ -76,10 +78,12 @@ export class WindowManager {
         this.arrange();
     }
 
-    // Modal windows in this order, back to front (the host's `modal` list, then prompts).
+    // The host's modal dialogs in this order, back to front; prompts stay in front of them all.
     orderModals(windows) {
-        const rest = this.modalOrder.filter((w) => !windows.includes(w));
-        this.modalOrder = [...rest, ...windows.filter((w) => this.modalOrder.includes(w))];
+        const prompts = this.modalOrder.filter((w) => w.prompt);
+        const dialogs = windows.filter((w) => this.modalOrder.includes(w));
+        const others = this.modalOrder.filter((w) => !w.prompt && !windows.includes(w));
+        this.modalOrder = [...others, ...dialogs, ...prompts];
         this.arrange();
     }
 
@@ -99,9 +103,9 @@ export class WindowManager {
             win.element.style.zIndex = String(z++);
         }
         this.backdrop.hidden = !owner;
-        const blocked = owner ? [this.page, ...this.raised.map((w) => w.element),
-            ...this.modalOrder.filter((w) => w !== owner).map((w) => w.element)] : [this.page, ...this.raised.map((w) => w.element)];
-        for (const element of blocked) element.inert = !!owner;
+        // Under a modal window everything else is inert: no clicks, no focus, no Tab stops.
+        const others = [...this.raised, ...this.modalOrder.filter((w) => w !== owner)].map((w) => w.element);
+        for (const element of [this.page, ...others]) element.inert = !!owner;
         if (owner) owner.element.inert = false;
         if (owner && owner !== this.owner) {
             // Focus goes into the window that has the input: its first field or button.

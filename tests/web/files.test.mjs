@@ -3,17 +3,15 @@
 // counted by ffprobe.
 
 import assert from 'node:assert/strict';
-import { execFileSync } from 'node:child_process';
 import fs from 'node:fs';
-import os from 'node:os';
 import path from 'node:path';
-import { after, before, describe, it } from 'node:test';
+import { before, describe, it } from 'node:test';
 
 import {
     appendViews, assertEventually, button, chooseDialogMenu, chooseFile, controlState, dialog, listLines,
-    openKeyFrames, prompt, selectLines, typeInto, waitForLines,
+    openKeyFrames, prompt, selectLines, typeInto, useStudio, waitForLines,
 } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+import { ffprobeFrames, temporaryFolder } from './support/studio.mjs';
 
 // Chooses an option menu's entry by the label beside the menu, and waits for the host to take it.
 async function chooseOption(page, dialogLocator, label, entry) {
@@ -26,24 +24,16 @@ async function chooseOption(page, dialogLocator, label, entry) {
 }
 
 describe('files', () => {
+    const session = useStudio();
     let root;
-    let studio;
-    let browser;
     let page;
     let keyFrames;
 
     before(async () => {
-        root = fs.mkdtempSync(path.join(os.tmpdir(), 'studio-files-'));
-        studio = await startStudio({ args: ['--root', root], cwd: root });
-        browser = await launchBrowser();
-        page = await openStudio(browser, studio);
+        ({ page } = session);
+        root = session.studio.cwd;
         keyFrames = await openKeyFrames(page);
         await appendViews(page, keyFrames, 2);
-    });
-
-    after(async () => {
-        await browser?.close();
-        await studio?.stop();
     });
 
     it('saves the key frames under a new name and opens them again', async () => {
@@ -88,11 +78,9 @@ describe('files', () => {
         // Fetched as the page fetches it: with the page's cookie.
         const response = await page.request.get(new URL(await link.getAttribute('href'), page.url()).href);
         assert.equal(response.status(), 200);
-        const movie = path.join(fs.mkdtempSync(path.join(os.tmpdir(), 'studio-download-')), 'movie.mp4');
+        const movie = path.join(await temporaryFolder(), 'movie.mp4');
         fs.writeFileSync(movie, await response.body());
-        const frames = execFileSync('ffprobe', ['-v', 'error', '-count_frames', '-select_streams', 'v:0',
-            '-show_entries', 'stream=nb_read_frames', '-of', 'csv=p=0', movie], { encoding: 'utf8' }).trim();
         // Two key frames, `count` frames from the first to the second, and the last one itself.
-        assert.equal(Number(frames), count + 1);
+        assert.equal(await ffprobeFrames(movie), count + 1);
     });
 });

@@ -4,9 +4,28 @@
 // host and the browser.
 
 import assert from 'node:assert/strict';
+import { after, before } from 'node:test';
+
+import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
 
 export const KEY_FRAMES = 'Key Frame Animation';
 const WAIT_MS = 20000;
+
+// One studio for the tests of a describe block: a server in a folder of its own, a browser, and
+// the page at the given size, filled in before the first test. The harness closes the browser;
+// stopping the server here checks that it exits cleanly.
+export function useStudio(viewport) {
+    const session = {};
+    before(async () => {
+        session.studio = await startStudio();
+        session.browser = await launchBrowser();
+        session.page = await openStudio(session.browser, session.studio, viewport);
+    });
+    after(async () => {
+        await session.studio?.stop();
+    });
+    return session;
+}
 
 // Chooses a host menu's item, as a click on the menu and one on the item.
 export async function chooseMenu(page, menu, item) {

@@ -3,39 +3,23 @@
 
 import assert from 'node:assert/strict';
 import fs from 'node:fs';
-import os from 'node:os';
-import path from 'node:path';
-import { after, before, describe, it } from 'node:test';
+import { describe, it } from 'node:test';
 
-import { appendViews, openKeyFrames, selectLines } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+import { appendViews, openKeyFrames, selectLines, useStudio } from './person.mjs';
+import { screenshot } from './support/studio.mjs';
 
 describe('the studio screenshot', () => {
-    let studio;
-    let browser;
-
-    before(async () => {
-        const root = fs.mkdtempSync(path.join(os.tmpdir(), 'studio-shot-'));
-        studio = await startStudio({ args: ['--root', root], cwd: root });
-        browser = await launchBrowser();
-    });
-
-    after(async () => {
-        await browser?.close();
-        await studio?.stop();
-    });
+    // Wide enough for the dialog to stand beside the picture rather than over most of it.
+    const session = useStudio({ width: 1600, height: 860 });
 
     it('shows the Key Frame Animation dialog beside the view', async () => {
-        const page = await openStudio(browser, studio, { width: 1600, height: 860 });
+        const { page } = session;
         const keyFrames = await openKeyFrames(page);
         await appendViews(page, keyFrames, 4, { dx: 40, dy: 0 });
         await selectLines(keyFrames, [2]);
         // The full-quality picture follows the drags' half-size ones 150 ms after the last move.
         await page.waitForTimeout(500);
-        const folder = process.env.STUDIO_ARTIFACTS || fs.mkdtempSync(path.join(os.tmpdir(), 'studio-artifacts-'));
-        fs.mkdirSync(folder, { recursive: true });
-        const file = path.join(folder, 'studio.png');
-        await page.screenshot({ path: file });
+        const file = await screenshot(page, 'studio');
         assert.ok(fs.statSync(file).size > 10000);
     });
 });

@@ -3,31 +3,19 @@
 // view (the host's `view` state), never on pixels.
 
 import assert from 'node:assert/strict';
-import fs from 'node:fs';
-import os from 'node:os';
-import path from 'node:path';
-import { after, before, describe, it } from 'node:test';
+import { before, describe, it } from 'node:test';
 
-import { assertEventually, dragView, settledStatus, viewPoint, viewStatus } from './person.mjs';
-import { launchBrowser, openStudio, startStudio } from './support/studio.mjs';
+import { assertEventually, dragView, settledStatus, useStudio, viewPoint, viewStatus } from './person.mjs';
 
 const close = (a, b) => Math.abs(a - b) <= 1e-6 * Math.max(1, Math.abs(a), Math.abs(b));
 
 describe('the view', () => {
+    const session = useStudio();
     let studio;
-    let browser;
     let page;
 
     before(async () => {
-        const root = fs.mkdtempSync(path.join(os.tmpdir(), 'studio-view-'));
-        studio = await startStudio({ args: ['--root', root], cwd: root });
-        browser = await launchBrowser();
-        page = await openStudio(browser, studio);
-    });
-
-    after(async () => {
-        await browser?.close();
-        await studio?.stop();
+        ({ studio, page } = session);
     });
 
     it('shows a picture once opened with the token', async () => {
@@ -91,5 +79,12 @@ describe('the view', () => {
             assert.ok(close(again.width, fitted.width), `${fitted.width} -> ${again.width}`);
             assert.ok(again.position.every((p, i) => close(p, fitted.position[i])), JSON.stringify(again));
         });
+    });
+
+    it('says Disconnected when the host goes', async () => {
+        assert.equal(await page.locator('#disconnected').isVisible(), false);
+        await studio.stop();
+        await page.locator('#disconnected').waitFor({ state: 'visible' });
+        assert.equal(await page.evaluate(() => window.studio.connected), false);
     });
 });
