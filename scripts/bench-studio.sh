@@ -11,6 +11,8 @@ if [ ! -d build ]; then
     cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo
 fi
 cmake --build build -j"$(nproc)" --target vexplot studio_web
+# What the figures depend on: the machine, the browser, and what else was running (the load).
 echo "bench-studio: $(nproc) cores, $(sed -n 's/^model name\s*: //p' /proc/cpuinfo | head -1)," \
-     "Chromium $(/usr/bin/chromium --version 2>/dev/null | awk '{print $2}'), Node.js $(node --version)"
+     "Chromium $(/usr/bin/chromium --version 2>/dev/null | awk '{print $2}'), Node.js $(node --version)," \
+     "load average $(cut -d' ' -f1-3 /proc/loadavg)"
 VEXPLOT="$root/build/bin/vexplot" node bench/web/drag.bench.mjs
