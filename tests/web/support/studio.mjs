@@ -51,6 +51,7 @@ const outputQuoteChars = 8_000;
 // Clean-up of everything started, however a test ends.
 
 const cleanups = new Set();
+const leftoverChildren = new Set();
 
 function onCleanup(fn) {
     cleanups.add(fn);
@@ -61,12 +62,9 @@ function onCleanup(fn) {
 // at the top level: called inside a test, it would belong to that test alone); a script (the
 // benchmark) calls cleanUp() itself. Whatever is left when the process exits is killed.
 if (process.env.NODE_TEST_CONTEXT || process.execArgv.includes('--test')) after(cleanUp);
-process.once('exit', killLeftovers);
-
-const leftoverChildren = new Set();
-function killLeftovers() {
+process.once('exit', () => {
     for (const child of leftoverChildren) child.kill('SIGKILL');
-}
+});
 
 /** Ends every server and browser still running and removes the temporary folders. */
 export async function cleanUp() {
