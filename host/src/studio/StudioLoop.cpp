@@ -7,6 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "studio/HttpRules.h"
 #include "studio/ModelJson.h"
 #include "vexhost/AddOnRegistry.h"
 #include "vexhost/Drawing.h"
@@ -253,7 +254,7 @@ void Studio::Loop::handleMessage(uint64_t client, const std::string& text) {
             throw ProtocolError("the host is busy: wait for the run to end, or press Stop");
         actingClient_ = client;
         (this->*(rule->handle))(client, message);
-    } catch (const Json::exception&) {
+    } catch (const Json::parse_error&) {
         sendError(client, "The message is not valid JSON.");
     } catch (const ProtocolError& error) {
         sendError(client, std::string("The message was not done: ") + error.what() + ".");
@@ -328,8 +329,8 @@ void Studio::Loop::serviceWhileBusy() {
                 });
             };
             while (!quitting_ && waiting() && Clock::now() < giveUp)
-                waitAndHandle(std::chrono::duration_cast<std::chrono::milliseconds>(
-                    giveUp - Clock::now()));
+                waitAndHandle(
+                    std::chrono::duration_cast<std::chrono::milliseconds>(giveUp - Clock::now()));
         }
     }
     deliverPictures();
@@ -574,6 +575,13 @@ void Studio::Loop::saveRecordedMacro() {
         askForFile(VexSelectFile_WriteFile, "Macro File", "recorded.mcr", "*.mcr");
     if (!file)
         return;
+    // A file that is there is replaced only when the person says so, as the add-on's own Save As
+    // asks.
+    std::error_code error;
+    const std::string question = "\"" + file->filename().string() + "\" exists. Replace it?";
+    if (fs::exists(*file, error) &&
+        !host_.userDialogs().showMessageBox(question.c_str(), VexMessageBox_YesNo))
+        return;
     std::ofstream out(*file, std::ios::binary | std::ios::trunc);
     for (const std::string& line : host_.macro().lines())
         out << line << '\n';
@@ -729,14 +737,14 @@ std::map<std::string, Json> Studio::Loop::collectState() {
         const auto place = roots_.locate(path);
         if (error || !place)
             continue;
-        const std::string extension = path.extension().string();
-        const char* kind = extension == ".mcr" ? "macro"
-                           : (extension == ".mp4" || extension == ".avi" || extension == ".wmv" ||
-                              extension == ".rm")
-                               ? "movie"
-                               : "file";
+        // What it is, as the server's content types say: a movie the browser can play, a macro, or
+        // another file.
+        const std::string name = path.filename().string();
+        const char* kind = path.extension() == ".mcr"                                  ? "macro"
+                           : HttpRules::contentType(name).compare(0, 6, "video/") == 0 ? "movie"
+                                                                                       : "file";
         downloads.push_back(
-            {{"name", path.filename().string()},
+            {{"name", name},
              {"size", size},
              {"url", "/files/" + std::to_string(place->first) + "/" + place->second},
              {"kind", kind}});

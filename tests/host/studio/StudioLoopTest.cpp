@@ -113,6 +113,27 @@ TEST_F(StudioLoopTest, TheFileMenuSavesTheRecordedMacroWhereThePersonChose) {
     EXPECT_EQ(2u, lines.size());
 }
 
+TEST_F(StudioLoopTest, SavingTheRecordedMacroOverAFileAsksFirst) {
+    std::ofstream(scratch_.path() / "kept.mcr") << "#!MC 1410\n";
+    send(R"({"type":"record","on":true})");
+    answerNext(R"("file":{"root":0,"path":"kept.mcr"})");
+    answerNext(R"("yes":false)");
+    send(R"({"type":"menu","id":"file.saveMacro"})");
+    std::ifstream kept(scratch_.path() / "kept.mcr");
+    std::string first;
+    std::getline(kept, first);
+    EXPECT_EQ("#!MC 1410", first);
+    ASSERT_EQ(1u, host().userDialogs().messageBoxes().size());
+    EXPECT_EQ("\"kept.mcr\" exists. Replace it?", host().userDialogs().messageBoxes()[0].text);
+
+    answerNext(R"("file":{"root":0,"path":"kept.mcr"})");
+    answerNext(R"("yes":true)");
+    send(R"({"type":"menu","id":"file.saveMacro"})");
+    std::ifstream replaced(scratch_.path() / "kept.mcr");
+    std::getline(replaced, first);
+    EXPECT_EQ("$!VIEW ", first.substr(0, 7));
+}
+
 TEST_F(StudioLoopTest, TheFileMenuRunsAMacroFileAndShowsItsFailure) {
     std::vector<std::string> ran;
     loop_.reset();
