@@ -20,6 +20,10 @@
 // - streamtraces as lines; with showMarkers, small cubes at timeAnchor + k * deltaTime along each
 //   trace; with showDashes, only the dash intervals instead of the whole line.
 //
+// Dense surfaces (from 50,000 triangles) are sifted before they are drawn: triangles that cover no
+// pixel centre of the picture are left out, which changes no pixel (render/TriangleSieve.h) and
+// spares the software rasteriser most of the work of a surface with more triangles than pixels.
+//
 // Deterministic: the same scene and size give the same pixels. Not thread-safe: use one renderer
 // from one thread at a time. Surface buffers are kept per ZoneGeometry (by identity) while the
 // geometry is alive, so drawing the same zones again uploads nothing.
@@ -51,6 +55,11 @@ public:
     // would exceed the renderer's size limits is lowered to the largest that fits; a picture too
     // large even without supersampling throws std::runtime_error naming the limit.
     Image render(const SceneState& scene, int width, int height, int supersample) override;
+
+    // On by default. Off draws every triangle, for comparing pictures and timing the sieve.
+    void setTriangleSieve(bool on);
+    // The zones' triangles the last picture gave the rasteriser: all of them without the sieve.
+    std::size_t trianglesDrawn() const;
 
     // The OpenGL renderer and version, for logs ("llvmpipe (LLVM 15.0.6, 256 bits), 4.5 ...").
     std::string description() const;

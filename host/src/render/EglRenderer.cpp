@@ -20,6 +20,7 @@
 #include "render/SceneCamera.h"
 #include "render/StreamtraceMarks.h"
 #include "render/TextPainter.h"
+#include "render/TriangleSieve.h"
 #include "render/VertexLayout.h"
 #include "render/ZoneMeshCache.h"
 #include "vexhost/ColourMap.h"
@@ -121,6 +122,8 @@ constexpr double kMarkerSize = 0.012;
 // Supersampling is lowered until the drawn picture has at most this many pixels (256 MB of colour
 // and 256 MB of depth): a larger factor would cost more memory than it adds.
 constexpr double kMaxSupersampledPixels = 64.0 * 1024 * 1024;
+// Surfaces of fewer triangles are drawn whole: the sieve could save little on them.
+constexpr std::size_t kMinSiftedTriangles = 50000;
 
 double lightingValue(double value) {
     return std::isfinite(value) ? std::clamp(value, 0.0, 100.0) / 100.0 : 0.0;
@@ -169,6 +172,11 @@ struct EglRenderer::Resources {
     GlObject colourMapTexture{GlObject::Kind::Texture};
     ColourMap mapInTexture = ColourMap::Rainbow;  // what colourMapTexture holds
     TextPainter text;
+    TriangleSieve sieve;
+    bool sieveOn = true;
+    std::size_t trianglesDrawn = 0;  // in the last picture's surfaces
+    std::vector<uint32_t> sifted;    // the triangles of one surface the sieve kept
+    GlObject siftedIndices{GlObject::Kind::Buffer};
     GLint maxSize = 0;
     float maxLineWidth = 1;
     std::vector<uint8_t> readback;
@@ -253,7 +261,8 @@ struct EglRenderer::Resources {
         BoundingBox dataBox;  // the scene's data bounds, for the axis box
         BoundingBox reach;    // everything that could be drawn, for the depth planes
         std::vector<const ZoneMeshCache::Mesh*> surfaces;
-        bool anyScalars = false;   // a surface is coloured through the map
+        std::vector<const ZoneGeometry*> geometries;  // of the surfaces, alive with the scene
+        bool anyScalars = false;                      // a surface is coloured through the map
         std::vector<float> lines;  // x, y, z, r, g, b per vertex: streamtraces first, then the axis
         GLsizei streamtraceVertices = 0;
         std::vector<float> markers;     // x, y, z per marker
@@ -262,7 +271,7 @@ struct EglRenderer::Resources {
 
     DrawList gather(const SceneState& scene);
     void draw(const SceneState& scene, int width, int height, int factor);
-    void drawSurfaces(const DrawList& list);
+    void drawSurfaces(const DrawList& list, const SceneCamera& camera, int width, int height);
     void drawMarkers(const DrawList& list);
     void drawLines(const DrawList& list, int factor);
     void addAxisLabels(const DrawList& list, const SceneCamera& camera, int width, int height);
@@ -276,6 +285,14 @@ std::unique_ptr<EglRenderer> EglRenderer::create() {
 EglRenderer::EglRenderer(std::unique_ptr<Resources> resources) : resources_(std::move(resources)) {}
 
 EglRenderer::~EglRenderer() = default;
+
+void EglRenderer::setTriangleSieve(bool on) {
+    resources_->sieveOn = on;
+}
+
+std::size_t EglRenderer::trianglesDrawn() const {
+    return resources_->trianglesDrawn;
+}
 
 std::string EglRenderer::description() const {
     return resources_->context.description();
@@ -323,6 +340,7 @@ EglRenderer::Resources::DrawList EglRenderer::Resources::gather(const SceneState
             throw std::invalid_argument("EglRenderer::render(): a zone without geometry");
         }
         list.surfaces.push_back(&meshes.mesh(zone));
+        list.geometries.push_back(zone.get());
         list.reach.include(list.surfaces.back()->box);
         list.anyScalars = list.anyScalars || list.surfaces.back()->hasScalars;
     }
@@ -356,6 +374,7 @@ EglRenderer::Resources::DrawList EglRenderer::Resources::gather(const SceneState
 }
 
 void EglRenderer::Resources::draw(const SceneState& scene, int width, int height, int factor) {
+    trianglesDrawn = 0;
     const double ambient = lightingValue(scene.backgroundLight);
     const double diffuse = lightingValue(scene.lightIntensity);
     // Unlit parts follow the overall light, so a fade to no light ends in a black picture.
@@ -388,7 +407,7 @@ void EglRenderer::Resources::draw(const SceneState& scene, int width, int height
     glBindTexture(GL_TEXTURE_1D, colourMapTexture.name());
     glUniform1i(lit.uniform("uColourMap"), 0);
     glUniform1f(lit.uniform("uColourMapTexels"), static_cast<float>(kColourMapTexels));
-    drawSurfaces(list);
+    drawSurfaces(list, camera, width * factor, height * factor);
     drawMarkers(list);
     glBindTexture(GL_TEXTURE_1D, 0);
 
@@ -413,18 +432,37 @@ void EglRenderer::Resources::draw(const SceneState& scene, int width, int height
     glBindVertexArray(0);
 }
 
-void EglRenderer::Resources::drawSurfaces(const DrawList& list) {
+void EglRenderer::Resources::drawSurfaces(const DrawList& list, const SceneCamera& camera,
+                                          int width, int height) {
     // Surfaces are pushed back a little, so lines lying on them win the depth test.
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1.0f, 1.0f);
     glUniform3fv(lit.uniform("uColour"), 1, kPlainSurfaceColour);
     glUniform1f(lit.uniform("uScale"), 1.0f);
     glVertexAttrib3f(3, 0, 0, 0);  // zones have no per-instance offset
-    for (const ZoneMeshCache::Mesh* mesh : list.surfaces) {
+    sieve.aim(camera.modelView(), camera.projection(), width, height);
+    for (std::size_t i = 0; i < list.surfaces.size(); ++i) {
+        const ZoneMeshCache::Mesh* mesh = list.surfaces[i];
+        const ZoneGeometry& geometry = *list.geometries[i];
         glUniform1i(lit.uniform("uColourByScalar"), mesh->hasScalars ? 1 : 0);
         glBindVertexArray(mesh->vertexArray.name());
-        glDrawRangeElements(GL_TRIANGLES, 0, mesh->lastVertex, mesh->indexCount, GL_UNSIGNED_INT,
-                            nullptr);
+        if (!sieveOn || geometry.triangleCount() < kMinSiftedTriangles ||
+            !sieve.precise(mesh->box)) {
+            glDrawRangeElements(GL_TRIANGLES, 0, mesh->lastVertex, mesh->indexCount,
+                                GL_UNSIGNED_INT, nullptr);
+            trianglesDrawn += geometry.triangleCount();
+            continue;
+        }
+        sieve.sift(geometry.positions, geometry.triangles, sifted);
+        // The vertex array keeps its own index buffer; the sifted one stands in for one draw.
+        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, siftedIndices.name());
+        glBufferData(GL_ELEMENT_ARRAY_BUFFER,
+                     static_cast<GLsizeiptr>(sifted.size() * sizeof(uint32_t)), sifted.data(),
+                     GL_STREAM_DRAW);
+        glDrawRangeElements(GL_TRIANGLES, 0, mesh->lastVertex, static_cast<GLsizei>(sifted.size()),
+                            GL_UNSIGNED_INT, nullptr);
+        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mesh->indices.name());
+        trianglesDrawn += sifted.size() / 3;
     }
     glDisable(GL_POLYGON_OFFSET_FILL);
 }
