@@ -18,7 +18,10 @@
 //   scalars: the map as a bar over [scalarMin, scalarMax], round values beside it, the variable's
 //   name above it;
 // - streamtraces as lines; with showMarkers, small cubes at timeAnchor + k * deltaTime along each
-//   trace; with showDashes, only the dash intervals instead of the whole line.
+//   trace; with showDashes, only the dash intervals instead of the whole line;
+// - a camera path when cameraPath is set: an amber line through the viewer's positions, an
+//   arrowhead at the middle of each leg pointing the way of flight, an orange cube at each key
+//   frame and its name in white above and to the right of it.
 //
 // Dense surfaces (from 50,000 triangles) are sifted before they are drawn: triangles that cover no
 // pixel centre of the picture are left out, which changes no pixel (render/TriangleSieve.h) and

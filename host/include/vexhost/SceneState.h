@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "vexhost/CameraPath.h"
 #include "vexhost/ColourMap.h"
-
 #include "vexhost/Streamtrace.h"
 #include "vexhost/ZoneGeometry.h"
 
@@ -44,6 +44,10 @@ struct SceneState {
     std::string colourVariable;  // the colour legend's title; empty: no legend
     // The axis-aligned box around the whole data set (for the 3D frame axis box).
     float boundsMin[3] = {0, 0, 0}, boundsMax[3] = {1, 1, 1};
+    // A camera path drawn over the scene (a line with an arrow per leg, the key frames marked and
+    // named); none when empty. Not part of the host's state: the path picture and the studio set
+    // it.
+    std::shared_ptr<const CameraPath> cameraPath;
 };
 
 }  // namespace vexhost

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "render/BoundingBox.h"
+#include "render/CameraPathMarks.h"
 #include "render/ColourLegend.h"
 #include "render/EglContext.h"
 #include "render/FrameAxis.h"
@@ -106,6 +107,14 @@ void main() {
 constexpr float kBackground[3] = {0.08f, 0.09f, 0.12f};
 constexpr float kStreamtraceColour[3] = {0.92f, 0.92f, 0.92f};
 constexpr float kMarkerColour[3] = {1.0f, 0.35f, 0.85f};
+// A camera path: an amber line, key frames as orange cubes, their names in white.
+constexpr float kPathColour[3] = {1.0f, 0.78f, 0.2f};
+constexpr float kKeyFrameColour[3] = {1.0f, 0.5f, 0.1f};
+constexpr TextPainter::Colour kKeyFrameNameColour = {1.0f, 1.0f, 1.0f};
+// Arrowheads on a camera path, as a share of the diagonal of everything drawn.
+constexpr double kPathArrowLength = 0.035;
+// Key frame marks are larger than streamtrace markers, so they stand out on the path.
+constexpr double kKeyFrameMarkSize = 0.025;
 // Zones without scalars: a light grey-blue that reads as a surface under any lighting and stands
 // apart from every colour map's ends.
 constexpr float kPlainSurfaceColour[3] = {0.72f, 0.77f, 0.85f};
@@ -264,15 +273,20 @@ struct EglRenderer::Resources {
         std::vector<const ZoneGeometry*> geometries;  // of the surfaces, alive with the scene
         bool anyScalars = false;                      // a surface is coloured through the map
         std::vector<float> lines;  // x, y, z, r, g, b per vertex: streamtraces first, then the axis
-        GLsizei streamtraceVertices = 0;
-        std::vector<float> markers;     // x, y, z per marker
+        GLsizei thickVertices = 0;   // the first lines, drawn wider: streamtraces and a camera path
+        std::vector<float> markers;  // x, y, z per marker
+        std::vector<float> keyFrameMarks;  // x, y, z per key frame of a camera path
+        const CameraPath* cameraPath = nullptr;
         std::optional<FrameAxis> axis;  // for its labels, when shown
     };
 
     DrawList gather(const SceneState& scene);
     void draw(const SceneState& scene, int width, int height, int factor);
     void drawSurfaces(const DrawList& list, const SceneCamera& camera, int width, int height);
-    void drawMarkers(const DrawList& list);
+    void addCameraPath(const SceneState& scene, DrawList& list);
+    void drawMarkers(const std::vector<float>& markers, const float colour[3], double size,
+                     const DrawList& list);
+    void addKeyFrameNames(const DrawList& list, const SceneCamera& camera, int width, int height);
     void drawLines(const DrawList& list, int factor);
     void addAxisLabels(const DrawList& list, const SceneCamera& camera, int width, int height);
     Image downsample(int width, int height, int factor) const;
@@ -365,7 +379,10 @@ EglRenderer::Resources::DrawList EglRenderer::Resources::gather(const SceneState
                             marks.markers().begin() + static_cast<std::ptrdiff_t>(
                                                           std::min(room, marks.markers().size())));
     }
-    list.streamtraceVertices = static_cast<GLsizei>(list.lines.size() / 6);
+    if (scene.cameraPath) {
+        addCameraPath(scene, list);
+    }
+    list.thickVertices = static_cast<GLsizei>(list.lines.size() / 6);
     if (scene.axisShow) {
         list.lines.insert(list.lines.end(), axis.lines().begin(), axis.lines().end());
         list.axis = std::move(axis);
@@ -408,7 +425,8 @@ void EglRenderer::Resources::draw(const SceneState& scene, int width, int height
     glUniform1i(lit.uniform("uColourMap"), 0);
     glUniform1f(lit.uniform("uColourMapTexels"), static_cast<float>(kColourMapTexels));
     drawSurfaces(list, camera, width * factor, height * factor);
-    drawMarkers(list);
+    drawMarkers(list.markers, kMarkerColour, kMarkerSize, list);
+    drawMarkers(list.keyFrameMarks, kKeyFrameColour, kKeyFrameMarkSize, list);
     glBindTexture(GL_TEXTURE_1D, 0);
 
     lines.use();
@@ -423,6 +441,7 @@ void EglRenderer::Resources::draw(const SceneState& scene, int width, int height
         factor * std::max(kMinTextPixels, static_cast<int>(std::lround(kTextHeight * height)));
     text.begin(drawnWidth, drawnHeight, textPixels);
     addAxisLabels(list, camera, drawnWidth, drawnHeight);
+    addKeyFrameNames(list, camera, drawnWidth, drawnHeight);
     if (!scene.colourVariable.empty() && list.anyScalars) {
         const ColourLegend legend{scene.colourVariable, scene.colourMap, scene.scalarMin,
                                   scene.scalarMax};
@@ -467,20 +486,66 @@ void EglRenderer::Resources::drawSurfaces(const DrawList& list, const SceneCamer
     glDisable(GL_POLYGON_OFFSET_FILL);
 }
 
-void EglRenderer::Resources::drawMarkers(const DrawList& list) {
-    if (list.markers.empty()) {
+void EglRenderer::Resources::addCameraPath(const SceneState& scene, DrawList& list) {
+    const CameraPath& path = *scene.cameraPath;
+    for (std::size_t i = 0; i + 2 < path.positions.size(); i += 3) {
+        list.reach.include(path.positions[i], path.positions[i + 1], path.positions[i + 2]);
+    }
+    const std::array<double, 3> look = SceneCamera::lookDirection(scene.camera);
+    const CameraPathMarks marks(path, look.data(), kPathArrowLength * list.reach.diagonal());
+    for (std::size_t i = 0; i + 2 < marks.segments().size(); i += 3) {
+        list.lines.insert(list.lines.end(), marks.segments().begin() + i,
+                          marks.segments().begin() + i + 3);
+        list.lines.insert(list.lines.end(), kPathColour, kPathColour + 3);
+    }
+    list.keyFrameMarks = marks.keyFrameMarks();
+    list.cameraPath = &path;
+}
+
+void EglRenderer::Resources::drawMarkers(const std::vector<float>& markers, const float colour[3],
+                                         double size, const DrawList& list) {
+    if (markers.empty()) {
         return;
     }
     const double diagonal =
         list.dataBox.diagonal() > 0 ? list.dataBox.diagonal() : list.reach.diagonal();
     glUniform1i(lit.uniform("uColourByScalar"), 0);
-    glUniform3fv(lit.uniform("uColour"), 1, kMarkerColour);
-    glUniform1f(lit.uniform("uScale"), static_cast<float>(kMarkerSize * diagonal));
+    glUniform3fv(lit.uniform("uColour"), 1, colour);
+    glUniform1f(lit.uniform("uScale"), static_cast<float>(size * diagonal));
     glBindVertexArray(cubeArray.name());
     glBindBuffer(GL_ARRAY_BUFFER, markerOffsets.name());
-    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(list.markers.size() * sizeof(float)),
-                 list.markers.data(), GL_STREAM_DRAW);
-    glDrawArraysInstanced(GL_TRIANGLES, 0, 36, static_cast<GLsizei>(list.markers.size() / 3));
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(markers.size() * sizeof(float)),
+                 markers.data(), GL_STREAM_DRAW);
+    glDrawArraysInstanced(GL_TRIANGLES, 0, 36, static_cast<GLsizei>(markers.size() / 3));
+}
+
+void EglRenderer::Resources::addKeyFrameNames(const DrawList& list, const SceneCamera& camera,
+                                              int width, int height) {
+    if (!list.cameraPath) {
+        return;
+    }
+    const CameraPath& path = *list.cameraPath;
+    const double gap = 0.6 * text.atlas().pixelSize();
+    // Key frames at one place (a pause) have their names one under the other.
+    std::vector<std::array<double, 2>> named;
+    for (const CameraPath::KeyFrame& key : path.keyFrames) {
+        if (key.frame >= path.frameCount() || key.name.empty()) {
+            continue;
+        }
+        double xy[2];
+        if (!camera.project(&path.positions[3 * key.frame], xy[0], xy[1])) {
+            continue;
+        }
+        std::array<double, 2> at = {(xy[0] + 1) / 2 * width + gap, (1 - xy[1]) / 2 * height - gap};
+        for (const std::array<double, 2>& other : named) {
+            if (std::fabs(other[0] - at[0]) < gap && std::fabs(other[1] - at[1]) < gap) {
+                at[1] = other[1] + 1.4 * text.atlas().pixelSize();
+            }
+        }
+        named.push_back(at);
+        text.addText(key.name, at[0], at[1], TextPainter::Align::Start, TextPainter::Align::End,
+                     kKeyFrameNameColour);
+    }
 }
 
 void EglRenderer::Resources::drawLines(const DrawList& list, int factor) {
@@ -494,9 +559,9 @@ void EglRenderer::Resources::drawLines(const DrawList& list, int factor) {
     // Widths grow with the supersample factor, so lines keep their weight once filtered down.
     const auto total = static_cast<GLsizei>(list.lines.size() / 6);
     glLineWidth(std::min(maxLineWidth, 2.0f * factor));
-    glDrawArrays(GL_LINES, 0, list.streamtraceVertices);
+    glDrawArrays(GL_LINES, 0, list.thickVertices);
     glLineWidth(std::min(maxLineWidth, 1.0f * factor));
-    glDrawArrays(GL_LINES, list.streamtraceVertices, total - list.streamtraceVertices);
+    glDrawArrays(GL_LINES, list.thickVertices, total - list.thickVertices);
 }
 
 void EglRenderer::Resources::addAxisLabels(const DrawList& list, const SceneCamera& camera,

@@ -38,11 +38,21 @@ bool allFinite(const std::array<float, 16>& m) {
     return std::all_of(m.begin(), m.end(), [](float v) { return std::isfinite(v); });
 }
 
+// R = Rz(theta) * Rx(psi) * Rz(alpha).
+Matrix3 orientation(const CameraState& camera) {
+    return multiply(multiply(rotationZ(camera.theta), rotationX(camera.psi)),
+                    rotationZ(camera.alpha));
+}
+
 }  // namespace
 
+std::array<double, 3> SceneCamera::lookDirection(const CameraState& camera) {
+    const Matrix3 r = orientation(camera);
+    return {-r[0][2], -r[1][2], -r[2][2]};
+}
+
 SceneCamera::SceneCamera(const CameraState& camera, const BoundingBox& box, int width, int height) {
-    const Matrix3 r =
-        multiply(multiply(rotationZ(camera.theta), rotationX(camera.psi)), rotationZ(camera.alpha));
+    const Matrix3 r = orientation(camera);
     const double* p = camera.position;
 
     // Eye coordinates are R^T * (x - P).

@@ -19,6 +19,9 @@ class SceneCamera {
 public:
     SceneCamera(const CameraState& camera, const BoundingBox& box, int width, int height);
 
+    // The unit direction the camera looks along (-R * z).
+    static std::array<double, 3> lookDirection(const CameraState& camera);
+
     // False when the camera values cannot give a picture (a non-finite position or angle): the
     // picture then shows only the background.
     bool usable() const { return usable_; }
