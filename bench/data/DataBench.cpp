@@ -3,8 +3,9 @@
 // surfaces), read and drawn as vexplot does it, at 1280 x 720:
 //
 // - BM_Load/Mtri: reading the file into the host's zones (DataFileReader::read), seconds.
-// - BM_Draw/Mtri: one picture of the loaded surface: the first (which uploads the surface) and
-//   then every further one, as in an animation.
+// - BM_Draw/Mtri/sieve: one picture of the loaded surface: the first (which uploads the surface)
+//   and then every further one, as in an animation; with the renderer's triangle sieve (1, as
+//   vexplot draws) and without it (0), and how many triangles went to the rasteriser.
 // - BM_SnapshotProcess/Mtri: vexplot from start to exit with --data FILE and one $!SNAPSHOT:
 //   wall-clock seconds and the process's peak resident memory.
 // - BM_FlightProcess: the 91-frame flight (four key frames round the data, 30 frames a segment)
@@ -148,6 +149,7 @@ void BM_Draw(benchmark::State& state) {
     const vexhost::SceneState scene =
         hostShowing(terrainFile(static_cast<int>(state.range(0)))).scene();
     std::unique_ptr<vexhost::EglRenderer> renderer = vexhost::EglRenderer::create();
+    renderer->setTriangleSieve(state.range(1) != 0);
     state.SetLabel(renderer->description());
     Clock::time_point start = Clock::now();
     renderer->render(scene, kWidth, kHeight, 1);
@@ -161,6 +163,7 @@ void BM_Draw(benchmark::State& state) {
         state.SetIterationTime(seconds);
     }
     state.counters["fastest_ms"] = 1000 * fastest;
+    state.counters["drawn_Mtri"] = static_cast<double>(renderer->trianglesDrawn()) / 1e6;
 }
 
 void BM_SnapshotProcess(benchmark::State& state) {
@@ -224,7 +227,12 @@ void triangleCounts(benchmark::internal::Benchmark* run) {
 }
 
 BENCHMARK(BM_Load)->Apply(triangleCounts)->Iterations(3);
-BENCHMARK(BM_Draw)->Apply(triangleCounts)->Iterations(5);
+BENCHMARK(BM_Draw)
+    ->ArgNames({"Mtri", "sieve"})
+    ->ArgsProduct({{1, 5, 10}, {1, 0}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(5);
 BENCHMARK(BM_SnapshotProcess)->Apply(triangleCounts)->Iterations(3);
 BENCHMARK(BM_FlightProcess)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
 
