@@ -1,15 +1,11 @@
 #include "FlightViews.h"
 
-#include <stdlib.h>
-#include <unistd.h>
-
-#include <filesystem>
 #include <fstream>
 #include <stdexcept>
-#include <system_error>
 
 #include <nlohmann/json.hpp>
 
+#include "ScratchFile.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
 #include "model/TotalFrameCount.h"
@@ -32,21 +28,12 @@ std::string addOnLine(const std::string& command) {
 class TraceCapture {
 public:
     TraceCapture(vexhost::Host& host, vexhost::Frame& frame)
-        : host_(host), frame_(frame), view_(frame.view()) {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "vexflight-XXXXXX.jsonl").string();
-        const int file = ::mkstemps(pattern.data(), 6);
-        if (file < 0)
-            throw std::runtime_error("Cannot make a scratch file for the frame trace: " + pattern);
-        ::close(file);
-        path_ = pattern;
-        host_.trace().open(path_);
+        : host_(host), frame_(frame), view_(frame.view()), trace_("vexflight", ".jsonl") {
+        host_.trace().open(trace_.path());
     }
     ~TraceCapture() {
         host_.trace().close();
         frame_.view() = view_;
-        std::error_code ignored;
-        std::filesystem::remove(path_, ignored);
     }
     TraceCapture(const TraceCapture&) = delete;
     TraceCapture& operator=(const TraceCapture&) = delete;
@@ -55,7 +42,7 @@ public:
     // on screen and are passed over.
     std::vector<KeyFrameView_s> drawnViews() {
         host_.trace().close();
-        std::ifstream in(path_);
+        std::ifstream in(trace_.path());
         std::vector<KeyFrameView_s> views;
         std::string line;
         while (std::getline(in, line)) {
@@ -77,7 +64,7 @@ private:
     vexhost::Host& host_;
     vexhost::Frame& frame_;
     const vexhost::View3D view_;
-    std::string path_;
+    ScratchFile trace_;
 };
 
 }  // namespace

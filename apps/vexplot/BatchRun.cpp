@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
+#include <system_error>
 
 #include "LazyRenderer.h"
 #include "RunScene.h"
@@ -32,6 +33,12 @@ BatchRun::BatchRun(const RunOptions& options, const std::string& programPath, st
       programPath_(programPath),
       host_(vexhost::Host::instance()),
       reporter_(host_, err) {}
+
+std::string BatchRun::programPath(const char* argv0) {
+    std::error_code error;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::string(argv0) : self.string();
+}
 
 std::string BatchRun::defaultAddOnPath(const std::string& programPath) {
     const std::filesystem::path directory = std::filesystem::path(programPath).parent_path();
