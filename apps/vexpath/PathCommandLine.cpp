@@ -1,10 +1,10 @@
 #include "PathCommandLine.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <optional>
 
+#include "ArgumentScanner.h"
 #include "CommandLine.h"
 #include "UsageError.h"
 
@@ -133,15 +133,6 @@ unsigned bitOf(Command command) {
                                         : Every;
 }
 
-std::optional<int64_t> wholeNumber(const std::string& text, int64_t min, int64_t max) {
-    int64_t value = 0;
-    const char* end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, value);
-    if (text.empty() || result.ec != std::errc() || result.ptr != end || value < min || value > max)
-        return std::nullopt;
-    return value;
-}
-
 std::optional<double> realNumber(const std::string& text) {
     char* end = nullptr;
     const double value = std::strtod(text.c_str(), &end);
@@ -153,8 +144,8 @@ std::optional<double> realNumber(const std::string& text) {
 const std::string FramesRange = "from 2 to " + std::to_string(PathCommandLine::MaxFrames);
 
 uint64_t frameTotal(const std::string& option, const std::string& value) {
-    const std::optional<int64_t> n =
-        wholeNumber(value, 2, static_cast<int64_t>(PathCommandLine::MaxFrames));
+    const std::optional<int64_t> n = app::ArgumentScanner::wholeNumber(
+        value, 2, static_cast<int64_t>(PathCommandLine::MaxFrames));
     if (!n)
         throw UsageError(option + " needs a whole number " + FramesRange + "; found '" + value +
                          "'");
@@ -286,46 +277,33 @@ void checkCommand(Parse& parse) {
 PathOptions PathCommandLine::parse(const std::vector<std::string>& arguments) {
     Parse parse;
     PathOptions& options = parse.options;
-    std::size_t i = 0;
+    std::size_t start = 0;
     if (!arguments.empty()) {
         if (const CommandEntry* entry = findCommand(arguments.front())) {
             options.command = entry->command;
-            i = 1;
+            start = 1;
         }
     }
-    bool optionsEnded = false;
-    for (; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        if (optionsEnded || argument.size() < 2 || argument[0] != '-') {
-            if (options.command == Command::None)
-                throw UsageError("unknown command '" + argument + "'");
-            parse.files.push_back(argument);
-            continue;
-        }
-        if (argument == "--") {
-            optionsEnded = true;
-            continue;
-        }
-        const std::size_t equals = argument.find('=');
-        const std::string name = argument.substr(0, equals);
+    const std::vector<std::string> rest(arguments.begin() + static_cast<std::ptrdiff_t>(start),
+                                        arguments.end());
+    const auto kind = [&options](const std::string& name) -> std::optional<bool> {
         const OptionRule* rule = findOption(name);
         if (rule == nullptr)
-            throw UsageError("unknown option '" + name + "'");
+            return std::nullopt;
         if ((rule->commands & bitOf(options.command)) == 0)
             throw UsageError(name + " is not an option of this command");
-        std::string value;
-        if (!rule->takesValue) {
-            if (equals != std::string::npos)
-                throw UsageError(name + " takes no value");
-        } else if (equals != std::string::npos) {
-            value = argument.substr(equals + 1);
-        } else {
-            if (i + 1 == arguments.size())
-                throw UsageError(name + " needs a value");
-            value = arguments[++i];
-        }
-        rule->apply(name, value, parse);
-    }
+        return rule->takesValue;
+    };
+    app::ArgumentScanner::scan(
+        rest, kind,
+        [&parse](const std::string& name, const std::string& value) {
+            findOption(name)->apply(name, value, parse);
+        },
+        [&parse](const std::string& argument) {
+            if (parse.options.command == Command::None)
+                throw UsageError("unknown command '" + argument + "'");
+            parse.files.push_back(argument);
+        });
     if (options.help)
         return options;
     if (options.command == Command::None)
