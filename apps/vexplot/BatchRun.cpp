@@ -4,18 +4,16 @@
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
+#include <system_error>
 
-#include "DemoScene.h"
 #include "LazyRenderer.h"
+#include "RunScene.h"
 #include "SnapshotCommand.h"
 #include "vexhost/DataFileError.h"
 #include "vexhost/DataFileLoader.h"
-#include "vexhost/DataSet.h"
 #include "vexhost/Drawing.h"
 #include "vexhost/EglRenderer.h"
 #include "vexhost/Exporter.h"
-#include "vexhost/Frame.h"
-#include "vexhost/FrameStack.h"
 #include "vexhost/FrameTrace.h"
 #include "vexhost/GuiScript.h"
 #include "vexhost/HostErrors.h"
@@ -35,6 +33,12 @@ BatchRun::BatchRun(const RunOptions& options, const std::string& programPath, st
       programPath_(programPath),
       host_(vexhost::Host::instance()),
       reporter_(host_, err) {}
+
+std::string BatchRun::programPath(const char* argv0) {
+    std::error_code error;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::string(argv0) : self.string();
+}
 
 std::string BatchRun::defaultAddOnPath(const std::string& programPath) {
     const std::filesystem::path directory = std::filesystem::path(programPath).parent_path();
@@ -85,21 +89,11 @@ bool BatchRun::setUp() {
     if (!checkHostErrors("loading the add-on"))
         return false;
 
-    vexhost::Frame& frame = host_.frames().create(VexPlotType_Cartesian3D);
-    frame.setPosAndSize(vexhost::Frame::DefaultX, vexhost::Frame::DefaultY,
-                        options_.width / vexhost::FrameStack::PixelsPerInch,
-                        options_.height / vexhost::FrameStack::PixelsPerInch);
-    if (options_.data == RunOptions::Data::Demo) {
-        DemoScene::load(host_, options_.demoTriangles);
-        host_.dataSet().setColouring({std::string(), options_.dataOptions.colourMap});
-    }
-    if (options_.data == RunOptions::Data::File) {
-        try {
-            vexhost::DataFileLoader::load(host_, options_.dataPath, options_.dataOptions);
-        } catch (const vexhost::DataFileError& error) {
-            reporter_.showProblem(error.what());
-            return false;
-        }
+    try {
+        RunScene::show(host_, options_);
+    } catch (const vexhost::DataFileError& error) {
+        reporter_.showProblem(error.what());
+        return false;
     }
     host_.idleQueue().runUntilEmpty();
     return checkHostErrors("setting up the frame");

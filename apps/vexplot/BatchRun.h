@@ -38,6 +38,9 @@ public:
 
     int run();
 
+    // The running program's own file (argv0 when the system does not say), to find what was built
+    // with it whatever the working directory.
+    static std::string programPath(const char* argv0);
     // <directory of the program>/../lib/libkeyframe.so
     static std::string defaultAddOnPath(const std::string& programPath);
     // <directory of the program>/../share/vexplot: the studio's page (web/) and help pages (help/).

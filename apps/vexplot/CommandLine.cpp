@@ -1,11 +1,11 @@
 #include "CommandLine.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <optional>
 
+#include "ArgumentScanner.h"
 #include "UsageError.h"
 #include "vexhost/ColourMap.h"
 
@@ -21,15 +21,6 @@ constexpr int64_t MaxFrameSide = 32766;
 constexpr int64_t MinDemoTriangles = 2;
 constexpr int64_t MaxDemoTriangles = 1000000;
 
-std::optional<int64_t> wholeNumber(const std::string& text, int64_t min, int64_t max) {
-    int64_t value = 0;
-    const char* end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, value);
-    if (text.empty() || result.ec != std::errc() || result.ptr != end || value < min || value > max)
-        return std::nullopt;
-    return value;
-}
-
 std::string lowerCase(std::string text) {
     for (char& c : text) {
         if (c >= 'A' && c <= 'Z')
@@ -41,9 +32,11 @@ std::string lowerCase(std::string text) {
 void parseSize(const std::string& value, RunOptions& options) {
     const std::size_t x = value.find_first_of("xX");
     const std::optional<int64_t> width =
-        x == std::string::npos ? std::nullopt : wholeNumber(value.substr(0, x), 1, MaxFrameSide);
+        x == std::string::npos ? std::nullopt
+                               : ArgumentScanner::wholeNumber(value.substr(0, x), 1, MaxFrameSide);
     const std::optional<int64_t> height =
-        x == std::string::npos ? std::nullopt : wholeNumber(value.substr(x + 1), 1, MaxFrameSide);
+        x == std::string::npos ? std::nullopt
+                               : ArgumentScanner::wholeNumber(value.substr(x + 1), 1, MaxFrameSide);
     if (!width || !height)
         throw UsageError("--size needs WIDTHxHEIGHT in pixels, each from 1 to " +
                          std::to_string(MaxFrameSide) + " (as in 800x600); found '" + value + "'");
@@ -60,7 +53,7 @@ void parseServe(const std::string& value, RunOptions& options) {
         host = host.substr(1, host.size() - 2);
     if (host == "localhost")
         host = "127.0.0.1";
-    const std::optional<int64_t> number = wholeNumber(port, 0, 65535);
+    const std::optional<int64_t> number = ArgumentScanner::wholeNumber(port, 0, 65535);
     if (!number || host.empty())
         throw UsageError(
             "--serve needs [HOST:]PORT, PORT from 0 (any free port) to 65535 (as "
@@ -93,7 +86,7 @@ bool parseNumbers(const std::string& text, std::size_t reals, std::size_t counts
                 return false;
             values.push_back(value);
         } else {
-            const std::optional<int64_t> n = wholeNumber(fields[i], 2, MaxSeeds);
+            const std::optional<int64_t> n = ArgumentScanner::wholeNumber(fields[i], 2, MaxSeeds);
             if (!n)
                 return false;
             wholes.push_back(static_cast<int>(*n));
@@ -165,7 +158,8 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
     } else if (option == "--seed-line" || option == "--seed-plane") {
         parseSeed(option, value, options);
     } else if (option == "--demo-triangles") {
-        const std::optional<int64_t> n = wholeNumber(value, MinDemoTriangles, MaxDemoTriangles);
+        const std::optional<int64_t> n =
+            ArgumentScanner::wholeNumber(value, MinDemoTriangles, MaxDemoTriangles);
         if (!n)
             throw UsageError("--demo-triangles needs a whole number from " +
                              std::to_string(MinDemoTriangles) + " to " +
@@ -189,7 +183,8 @@ void applyValue(const std::string& option, const std::string& value, RunOptions&
             throw UsageError("--file-name needs a file name");
         options.fileNames.push_back(value);
     } else if (option == "--stop-at") {
-        const std::optional<int64_t> n = wholeNumber(value, 1, std::numeric_limits<int64_t>::max());
+        const std::optional<int64_t> n =
+            ArgumentScanner::wholeNumber(value, 1, std::numeric_limits<int64_t>::max());
         if (!n)
             throw UsageError("--stop-at needs a whole number from 1 up; found '" + value + "'");
         options.stopAt = static_cast<uint64_t>(*n);
@@ -242,42 +237,24 @@ void checkDataOptions(const RunOptions& options) {
 
 RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
     RunOptions options;
-    bool optionsEnded = false;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        // A lone "-" is not an option: it is taken as a file name like any other.
-        if (optionsEnded || argument.size() < 2 || argument[0] != '-') {
-            options.macroFiles.push_back(argument);
-            continue;
-        }
-        if (argument == "--") {
-            optionsEnded = true;
-            continue;
-        }
-        const std::size_t equals = argument.find('=');
-        const std::string option = argument.substr(0, equals);
-        if (option == "--help" || option == "-h") {
-            if (equals != std::string::npos)
-                throw UsageError(option + " takes no value");
-            options.help = true;
-        } else if (option == "--keep-going") {
-            if (equals != std::string::npos)
-                throw UsageError(option + " takes no value");
-            options.keepGoing = true;
-        } else if (takesValue(option)) {
-            std::string value;
-            if (equals != std::string::npos) {
-                value = argument.substr(equals + 1);
-            } else {
-                if (i + 1 == arguments.size())
-                    throw UsageError(option + " needs a value");
-                value = arguments[++i];
-            }
-            applyValue(option, value, options);
-        } else {
-            throw UsageError("unknown option '" + option + "'");
-        }
-    }
+    const auto kind = [](const std::string& option) -> std::optional<bool> {
+        if (option == "--help" || option == "-h" || option == "--keep-going")
+            return false;
+        if (takesValue(option))
+            return true;
+        return std::nullopt;
+    };
+    ArgumentScanner::scan(
+        arguments, kind,
+        [&options](const std::string& option, const std::string& value) {
+            if (option == "--keep-going")
+                options.keepGoing = true;
+            else if (option == "--help" || option == "-h")
+                options.help = true;
+            else
+                applyValue(option, value, options);
+        },
+        [&options](const std::string& argument) { options.macroFiles.push_back(argument); });
     checkDataOptions(options);
     if (!options.serve && (!options.roots.empty() || !options.webDirectory.empty()))
         throw UsageError(std::string(options.roots.empty() ? "--web" : "--root") +

@@ -1,25 +1,12 @@
 // vexplot: runs macro files against the stand-in host with the key frame add-on loaded.
-#include <filesystem>
 #include <iostream>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "BatchRun.h"
 #include "CommandLine.h"
 #include "RenderingMemory.h"
 #include "UsageError.h"
-
-namespace {
-
-// The program's own file, to find the add-on built with it whatever the working directory.
-std::string programPath(const char* argv0) {
-    std::error_code error;
-    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::string(argv0) : self.string();
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
     vexplot::app::keepFreedMemoryForReuse();
@@ -37,7 +24,8 @@ int main(int argc, char** argv) {
         return 0;
     }
     try {
-        vexplot::app::BatchRun run(options, programPath(argv[0]), std::cerr);
+        vexplot::app::BatchRun run(options, vexplot::app::BatchRun::programPath(argv[0]),
+                                   std::cerr);
         return run.run();
     } catch (const std::exception& error) {
         // Not a failure of the user's macro: a broken invariant. Say so loudly.

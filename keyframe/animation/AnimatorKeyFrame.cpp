@@ -1,6 +1,5 @@
 #include "animation/AnimatorKeyFrame.h"
 
-#include <cmath>
 #include <utility>
 
 #include "addon/CheckedAt.h"
@@ -8,6 +7,7 @@
 #include "addon/LockScope.h"
 #include "addon/PercentDoneScope.h"
 #include "addon/SuspendGraphics.h"
+#include "model/ShortWay.h"
 #include "model/ViewOperations.h"
 #include "vxsdkbase.h"
 #include "vxtoolbox.h"
@@ -16,20 +16,6 @@ namespace vexplot {
 namespace vexutiltools {
 
 namespace {
-
-// An angle difference brought into [-180, 180], so each angle turns the short way; exactly 180 and
-// -180 stay as they are. The exact remainder comes first only so that an absurdly large angle
-// cannot keep the loops below spinning: for every finite value it gives what the loops alone
-// would give.
-double shortWay(double degrees) {
-    if (std::isfinite(degrees))
-        degrees = std::fmod(degrees, 360.0);
-    while (degrees > 180.0)
-        degrees += -360.0;
-    while (degrees < -180.0)
-        degrees += 360.0;
-    return degrees;
-}
 
 void rotate(VexRotateAxis_e axis, double degrees) {
     VexUtilViewRotate3D(axis, degrees, 0.0, 0.0, 0.0, VexRotateOriginLocation_DefinedOrigin);

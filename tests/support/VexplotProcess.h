@@ -30,6 +30,10 @@ public:
     // directory unless another working directory is given.
     Result run(const std::vector<std::string>& arguments,
                const std::string& workingDirectory = "") const;
+    // Runs another built program the same way, in the same scratch directory: the programs that
+    // make files for vexplot to run (vexpath).
+    Result runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                      const std::string& workingDirectory = "") const;
     // Writes the macro as m.mcr and runs vexplot with the options and m.mcr.
     Result runMacro(const std::string& macro, std::vector<std::string> options = {}) const;
 
