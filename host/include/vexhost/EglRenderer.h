@@ -21,7 +21,8 @@
 //   trace; with showDashes, only the dash intervals instead of the whole line;
 // - a camera path when cameraPath is set: an amber line through the viewer's positions, an
 //   arrowhead at the middle of each leg pointing the way of flight, an orange cube at each key
-//   frame and its name in white above and to the right of it.
+//   frame and its name in white above and to the right of it;
+// - the caption's lines in white at the top left, on a dark band.
 //
 // Dense surfaces (from 50,000 triangles) are sifted before they are drawn: triangles that cover no
 // pixel centre of the picture are left out, which changes no pixel (render/TriangleSieve.h) and

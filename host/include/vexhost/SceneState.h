@@ -48,6 +48,9 @@ struct SceneState {
     // named); none when empty. Not part of the host's state: the path picture and the studio set
     // it.
     std::shared_ptr<const CameraPath> cameraPath;
+    // Lines of text at the picture's top left, on a dark band (a contact sheet's names and frame
+    // ranges); none when empty. Not part of the host's state either.
+    std::vector<std::string> caption;
 };
 
 }  // namespace vexhost

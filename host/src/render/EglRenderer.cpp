@@ -111,6 +111,8 @@ constexpr float kMarkerColour[3] = {1.0f, 0.35f, 0.85f};
 constexpr float kPathColour[3] = {1.0f, 0.78f, 0.2f};
 constexpr float kKeyFrameColour[3] = {1.0f, 0.5f, 0.1f};
 constexpr TextPainter::Colour kKeyFrameNameColour = {1.0f, 1.0f, 1.0f};
+// A caption's band: darker than the background, so white text stands out over any surface.
+constexpr TextPainter::Colour kCaptionBand = {0.02f, 0.02f, 0.03f};
 // Arrowheads on a camera path, as a share of the diagonal of everything drawn.
 constexpr double kPathArrowLength = 0.035;
 // Key frame marks are larger than streamtrace markers, so they stand out on the path.
@@ -287,6 +289,7 @@ struct EglRenderer::Resources {
     void drawMarkers(const std::vector<float>& markers, const float colour[3], double size,
                      const DrawList& list);
     void addKeyFrameNames(const DrawList& list, const SceneCamera& camera, int width, int height);
+    void addCaption(const std::vector<std::string>& lines, int width);
     void drawLines(const DrawList& list, int factor);
     void addAxisLabels(const DrawList& list, const SceneCamera& camera, int width, int height);
     Image downsample(int width, int height, int factor) const;
@@ -447,6 +450,7 @@ void EglRenderer::Resources::draw(const SceneState& scene, int width, int height
                                   scene.scalarMax};
         legend.paint(text, drawnWidth, drawnHeight);
     }
+    addCaption(scene.caption, drawnWidth);
     text.draw(brightness);
     glBindVertexArray(0);
 }
@@ -545,6 +549,26 @@ void EglRenderer::Resources::addKeyFrameNames(const DrawList& list, const SceneC
         named.push_back(at);
         text.addText(key.name, at[0], at[1], TextPainter::Align::Start, TextPainter::Align::End,
                      kKeyFrameNameColour);
+    }
+}
+
+void EglRenderer::Resources::addCaption(const std::vector<std::string>& lines, int width) {
+    if (lines.empty()) {
+        return;
+    }
+    const GlyphAtlas& atlas = text.atlas();
+    const double pad = 0.5 * atlas.pixelSize();
+    const double lineHeight = 1.4 * atlas.pixelSize();
+    double widest = 0;
+    for (const std::string& line : lines) {
+        widest = std::max(widest, static_cast<double>(atlas.textWidth(line)));
+    }
+    const double right = std::min(static_cast<double>(width), widest + 2 * pad);
+    text.addRectangle(0, 0, right, lineHeight * static_cast<double>(lines.size()) + pad,
+                      kCaptionBand, kCaptionBand);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        text.addText(lines[i], pad, pad + lineHeight * (static_cast<double>(i) + 0.5),
+                     TextPainter::Align::Start, TextPainter::Align::Centre, kKeyFrameNameColour);
     }
 }
 

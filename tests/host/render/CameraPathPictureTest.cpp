@@ -182,5 +182,34 @@ TEST_F(CameraPathPictureTest, KeyFramesBeyondThePathAreLeftOut) {
     EXPECT_EQ(withExtra.rgb, without.rgb);
 }
 
+TEST_F(CameraPathPictureTest, ACaptionStandsAtTheTopLeftOnADarkBand) {
+    SceneState scene = emptySceneFromAbove();
+    scene.cameraPath = straightPath(-1.5, 1.5);
+    const Image plain = render(scene);
+    scene.caption = {"North-east", "frames 30-59"};
+    const Image captioned = render(scene);
+    int white = 0;
+    int changedElsewhere = 0;
+    for (int y = 0; y < kHeight; ++y) {
+        for (int x = 0; x < kWidth; ++x) {
+            const std::size_t i = (static_cast<std::size_t>(y) * kWidth + x) * 3;
+            const bool changed = plain.rgb[i] != captioned.rgb[i] ||
+                                 plain.rgb[i + 1] != captioned.rgb[i + 1] ||
+                                 plain.rgb[i + 2] != captioned.rgb[i + 2];
+            if (x < kWidth / 2 && y < kHeight / 4) {
+                white += isWhite(&captioned.rgb[i]) ? 1 : 0;
+            } else {
+                changedElsewhere += changed ? 1 : 0;
+            }
+        }
+    }
+    EXPECT_GT(white, 20);
+    EXPECT_EQ(changedElsewhere, 0);
+    // The band is darker than the background it covers.
+    const uint8_t* corner = &captioned.rgb[(2 * kWidth + 2) * 3];
+    const uint8_t* background = &plain.rgb[(2 * kWidth + 2) * 3];
+    EXPECT_LT(corner[2], background[2]);
+}
+
 }  // namespace
 }  // namespace vexhost
