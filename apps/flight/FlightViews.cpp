@@ -38,12 +38,11 @@ public:
     TraceCapture(const TraceCapture&) = delete;
     TraceCapture& operator=(const TraceCapture&) = delete;
 
-    // The view of every frame drawn so far, in order. Other events (an export's) are not frames
-    // on screen and are passed over.
-    std::vector<KeyFrameView_s> drawnViews() {
+    // The view and solution time of every frame drawn so far, in order. Other events (an
+    // export's) are not frames on screen and are passed over.
+    void readDrawnFrames(std::vector<KeyFrameView_s>& views, std::vector<double>& times) {
         host_.trace().close();
         std::ifstream in(trace_.path());
-        std::vector<KeyFrameView_s> views;
         std::string line;
         while (std::getline(in, line)) {
             try {
@@ -52,12 +51,12 @@ public:
                     continue;
                 const nlohmann::json& v = event.at("view");
                 views.push_back({v.at(0), v.at(1), v.at(2), v.at(3), v.at(4), v.at(5), v.at(6)});
+                times.push_back(event.at("solutionTime"));
             } catch (const nlohmann::json::exception& error) {
                 throw std::runtime_error("Cannot read the frame trace line \"" + line +
                                          "\": " + error.what());
             }
         }
-        return views;
     }
 
 private:
@@ -105,7 +104,7 @@ FlightViews FlightViews::fly(vexhost::Host& host, const std::string& keyFrameFil
 
     TraceCapture capture(host, *frame);
     runner.runLine(addOnLine("Animate AnimationDestination=OnScreen"));
-    flight.views_ = capture.drawnViews();
+    capture.readDrawnFrames(flight.views_, flight.solutionTimes_);
     const uint64_t expected = vexutiltools::totalFrameCount(flight.keyFrames_);
     if (flight.views_.size() != expected)
         throw std::runtime_error("The add-on drew " + std::to_string(flight.views_.size()) +

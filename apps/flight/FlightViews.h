@@ -65,6 +65,8 @@ public:
     // One view per frame of the animation, index = frame number: 1 + the frame counts of every
     // key frame but the last.
     const std::vector<KeyFrameView_s>& views() const { return views_; }
+    // The solution time the host showed at each frame, index = frame number.
+    const std::vector<double>& solutionTimes() const { return solutionTimes_; }
     // The frame of each key frame: where its leg begins (the last key frame: the last frame).
     const std::vector<uint64_t>& keyFrameFrames() const { return keyFrameFrames_; }
     // The legs, from each key frame to the next: one fewer than the key frames (none without any).
@@ -80,6 +82,7 @@ private:
     std::vector<KeyFrame_s> keyFrames_;
     AnimationSettings_s settings_;
     std::vector<KeyFrameView_s> views_;
+    std::vector<double> solutionTimes_;
     std::vector<uint64_t> keyFrameFrames_;
     vexhost::View3D::Vector rotateOrigin_{};
 };

@@ -21,6 +21,8 @@ const char* const ProgramUsage =
     "       vexpath retime IN (-o OUT | --in-place) (--frames N | --duration S --fps F) [--ease]\n"
     "              [scene options]\n"
     "       vexpath orbit -o OUT [--from FILE] [--angle DEG] [--frames N] [scene options]\n"
+    "       vexpath picture FILE -o OUT.png [scene options]\n"
+    "       vexpath sheet FILE -o OUT.png [--columns N] [scene options]\n"
     "       vexpath COMMAND --help\n"
     "\n"
     "Camera path tools for key frame files, the \"#!KeyFrame\" files of the Key Frame Animation\n"
@@ -31,13 +33,19 @@ const char* const ProgramUsage =
     "  check    report each leg's turns, movement, zoom and speed, and warn of surprises\n"
     "  retime   rewrite the frame counts so the camera moves at a constant speed\n"
     "  orbit    write a key frame file of an even turn about the vertical axis\n"
+    "  picture  draw the data with the camera path over it (PNG)\n"
+    "  sheet    draw each key frame's view with its name and frames, in a grid (PNG)\n"
     "\n"
     "Scene options (as in vexplot; the flights turn about the scene's rotation origin):\n"
     "  --data demo|none|FILE  the data set: the built-in demo (default), none, or a data file\n"
     "  --hide-block NAME      load the block of this name without drawing it (repeatable)\n"
-    "  --size WxH             the frame's size in pixels (default 800x600)\n"
+    "  --size WxH             the frame's size in pixels (default 800x600); a path picture's\n"
+    "                         size, a contact sheet's tiles are half of it\n"
     "  --addon PATH           the key frame add-on library (default: ../lib/libkeyframe.so\n"
     "                         next to the program)\n"
+    "  --color-by, --colormap, --streamtraces, --seed-line, --seed-plane\n"
+    "                         the data file's colours and streamtraces, as in vexplot (they\n"
+    "                         show in pictures and sheets)\n"
     "  --help                 show this text, or a command's, and exit\n"
     "\n"
     "Exit status: 0 done (check: no warnings); 1 check warned, or a command failed; 2 a command\n"
@@ -102,6 +110,35 @@ const char* const OrbitUsage =
     "Exit status: 0 written; 1 too few frames for the turn, or OUT cannot be written; 2 a command\n"
     "line that cannot be used, or a FILE the add-on cannot read (its message is printed).\n";
 
+const char* const PictureUsage =
+    "Usage: vexpath picture FILE -o OUT.png [scene options]\n"
+    "\n"
+    "Flies FILE with the add-on and draws the scene from the frame's view direction, far enough\n"
+    "out to show the data and the whole flight, with the camera path over it: the viewer's\n"
+    "position at every frame as a line, an arrow on each leg the way the camera flies, each key\n"
+    "frame marked and named. The picture has the frame's size (--size, default 800x600).\n"
+    "\n"
+    "  -o OUT.png     the PNG file to write\n"
+    "\n"
+    "Exit status: 0 written; 1 OUT cannot be written or the picture cannot be drawn; 2 a command\n"
+    "line that cannot be used, or a file the add-on cannot read or animate (the add-on's message\n"
+    "is printed).\n";
+
+const char* const SheetUsage =
+    "Usage: vexpath sheet FILE -o OUT.png [--columns N] [scene options]\n"
+    "\n"
+    "Flies FILE with the add-on and draws what the animation shows at each key frame: its view,\n"
+    "at the solution time of its frame, captioned with its name and the frames of its leg; the\n"
+    "pictures in a grid, in the key frames' order. Each picture is half the frame's size (--size,\n"
+    "default 800x600, gives 400x300).\n"
+    "\n"
+    "  -o OUT.png     the PNG file to write\n"
+    "  --columns N    pictures a row (default 4, 1 to 64)\n"
+    "\n"
+    "Exit status: 0 written; 1 OUT cannot be written or a picture cannot be drawn; 2 a command\n"
+    "line that cannot be used, or a file the add-on cannot read or animate (the add-on's message\n"
+    "is printed).\n";
+
 struct CommandEntry {
     const char* name;
     Command command;
@@ -110,7 +147,9 @@ struct CommandEntry {
 
 const CommandEntry Commands[] = {{"check", Command::Check, CheckUsage},
                                  {"retime", Command::Retime, RetimeUsage},
-                                 {"orbit", Command::Orbit, OrbitUsage}};
+                                 {"orbit", Command::Orbit, OrbitUsage},
+                                 {"picture", Command::Picture, PictureUsage},
+                                 {"sheet", Command::Sheet, SheetUsage}};
 
 // What a parse collects besides the options themselves.
 struct Parse {
@@ -124,13 +163,17 @@ struct Parse {
 constexpr unsigned CheckOnly = 1u << 0;
 constexpr unsigned RetimeOnly = 1u << 1;
 constexpr unsigned OrbitOnly = 1u << 2;
-constexpr unsigned Every = CheckOnly | RetimeOnly | OrbitOnly;
+constexpr unsigned PictureOnly = 1u << 3;
+constexpr unsigned SheetOnly = 1u << 4;
+constexpr unsigned Every = CheckOnly | RetimeOnly | OrbitOnly | PictureOnly | SheetOnly;
 
 unsigned bitOf(Command command) {
-    return command == Command::Check    ? CheckOnly
-           : command == Command::Retime ? RetimeOnly
-           : command == Command::Orbit  ? OrbitOnly
-                                        : Every;
+    return command == Command::Check     ? CheckOnly
+           : command == Command::Retime  ? RetimeOnly
+           : command == Command::Orbit   ? OrbitOnly
+           : command == Command::Picture ? PictureOnly
+           : command == Command::Sheet   ? SheetOnly
+                                         : Every;
 }
 
 std::optional<double> realNumber(const std::string& text) {
@@ -180,9 +223,14 @@ const OptionRule Options[] = {
     {"--hide-block", true, Every, passToScene},
     {"--size", true, Every, passToScene},
     {"--addon", true, Every, passToScene},
+    {"--color-by", true, Every, passToScene},
+    {"--colormap", true, Every, passToScene},
+    {"--streamtraces", true, Every, passToScene},
+    {"--seed-line", true, Every, passToScene},
+    {"--seed-plane", true, Every, passToScene},
     {"--json", false, CheckOnly,
      [](const std::string&, const std::string&, Parse& p) { p.options.json = true; }},
-    {"-o", true, RetimeOnly | OrbitOnly,
+    {"-o", true, RetimeOnly | OrbitOnly | PictureOnly | SheetOnly,
      [](const std::string& option, const std::string& value, Parse& p) {
          if (value.empty())
              throw UsageError(option + " needs a file name");
@@ -212,6 +260,16 @@ const OptionRule Options[] = {
              throw UsageError(option + " needs a number of degrees other than 0, at most 36000 " +
                               "either way; found '" + value + "'");
          p.options.angle = *angle;
+     }},
+    {"--columns", true, SheetOnly,
+     [](const std::string& option, const std::string& value, Parse& p) {
+         const std::optional<int64_t> n =
+             app::ArgumentScanner::wholeNumber(value, 1, PathCommandLine::MaxColumns);
+         if (!n)
+             throw UsageError(option + " needs a whole number from 1 to " +
+                              std::to_string(PathCommandLine::MaxColumns) + "; found '" + value +
+                              "'");
+         p.options.columns = static_cast<int>(*n);
      }},
     {"--from", true, OrbitOnly,
      [](const std::string& option, const std::string& value, Parse& p) {
@@ -264,6 +322,12 @@ void checkCommand(Parse& parse) {
             options.frames = static_cast<uint64_t>(frames);
         }
     }
+    if (options.command == Command::Picture || options.command == Command::Sheet) {
+        if (options.output.empty())
+            throw UsageError(
+                std::string(options.command == Command::Picture ? "picture" : "sheet") +
+                " needs -o OUT.png");
+    }
     if (options.command == Command::Orbit) {
         if (options.output.empty())
             throw UsageError("orbit needs -o OUT");
@@ -307,7 +371,7 @@ PathOptions PathCommandLine::parse(const std::vector<std::string>& arguments) {
     if (options.help)
         return options;
     if (options.command == Command::None)
-        throw UsageError("a command is missing: check, retime or orbit");
+        throw UsageError("a command is missing: check, retime, orbit, picture or sheet");
     checkCommand(parse);
     options.scene = app::CommandLine::parse(parse.sceneArguments);
     return options;

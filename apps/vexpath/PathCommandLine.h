@@ -25,6 +25,8 @@ public:
     static constexpr uint64_t MaxFrames = 1000000;
     // The largest turn an orbit makes, either way: a hundred turns.
     static constexpr double MaxOrbitDegrees = 36000;
+    // A contact sheet's pictures a row.
+    static constexpr int64_t MaxColumns = 64;
 
     // The arguments after the program name. app::UsageError naming the option or value otherwise.
     static PathOptions parse(const std::vector<std::string>& arguments);

@@ -4,14 +4,20 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "ContactSheet.h"
 #include "FlightCheck.h"
 #include "OrbitPlanner.h"
+#include "PathPicture.h"
 #include "Retimer.h"
 #include "addon/KeyFrameError.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
 #include "vexhost/DataFileError.h"
+#include "vexhost/Drawing.h"
+#include "vexhost/EglRenderer.h"
+#include "vexhost/FrameStack.h"
 #include "vexhost/MacroError.h"
+#include "vexhost/PngWriter.h"
 
 namespace vexplot {
 namespace path {
@@ -36,9 +42,11 @@ PathRun::PathRun(const PathOptions& options, const std::string& addOnPath, std::
 
 int PathRun::run() {
     using Step = int (PathRun::*)(const FlightHost&);
-    const Step step = options_.command == Command::Check    ? &PathRun::check
-                      : options_.command == Command::Retime ? &PathRun::retime
-                                                            : &PathRun::orbit;
+    const Step step = options_.command == Command::Check     ? &PathRun::check
+                      : options_.command == Command::Retime  ? &PathRun::retime
+                      : options_.command == Command::Picture ? &PathRun::picture
+                      : options_.command == Command::Sheet   ? &PathRun::sheet
+                                                             : &PathRun::orbit;
     if (options_.command == Command::Retime && !options_.inPlace &&
         sameFile(options_.input, options_.output))
         return problem("-o names the file to retime itself; --in-place replaces it", Unusable);
@@ -104,6 +112,37 @@ int PathRun::orbit(const FlightHost& host) {
     write(options_.output, keyFrames, settings);
     out_ << options_.output << ": " << keyFrames.size() << " key frames, " << options_.frames
          << " frames\n";
+    return Done;
+}
+
+int PathRun::picture(const FlightHost& host) {
+    reading_ = options_.input;
+    const FlightViews flight = host.fly(options_.input);
+    const std::pair<int, int> size = vexhost::Drawing::pixelSize(*host.host().frames().active());
+    const vexhost::SceneState scene = PathPicture::overview(host.host(), flight);
+    vexhost::writePng(options_.output, vexhost::EglRenderer::create()->render(
+                                           scene, size.first, size.second, PictureSupersample));
+    out_ << options_.output << ": " << flight.keyFrames().size() << " key frames, "
+         << flight.views().size() << " frames\n";
+    return Done;
+}
+
+int PathRun::sheet(const FlightHost& host) {
+    reading_ = options_.input;
+    const FlightViews flight = host.fly(options_.input);
+    const std::pair<int, int> size = vexhost::Drawing::pixelSize(*host.host().frames().active());
+    const std::unique_ptr<vexhost::EglRenderer> renderer = vexhost::EglRenderer::create();
+    std::vector<vexhost::Image> tiles;
+    for (std::size_t k = 0; k < flight.keyFrames().size(); ++k) {
+        tiles.push_back(renderer->render(PathPicture::keyFrameScene(host.host(), flight, k),
+                                         std::max(1, size.first / 2), std::max(1, size.second / 2),
+                                         PictureSupersample));
+    }
+    vexhost::writePng(
+        options_.output,
+        ContactSheet::compose(
+            tiles, options_.columns > 0 ? options_.columns : ContactSheet::DefaultColumns));
+    out_ << options_.output << ": " << tiles.size() << " key frames\n";
     return Done;
 }
 

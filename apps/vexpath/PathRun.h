@@ -25,6 +25,8 @@ using flight::KeyFrame_s;
 class PathRun {
 public:
     enum ExitStatus { Done = 0, Warned = 1, Failed = 1, Unreadable = 2, Unusable = 2 };
+    // Pictures are drawn at twice their size and filtered down, for smooth lines and text.
+    static constexpr int PictureSupersample = 2;
 
     // addOnPath: the add-on library to load when the options name none.
     PathRun(const PathOptions& options, const std::string& addOnPath, std::ostream& out,
@@ -38,6 +40,8 @@ private:
     int check(const FlightHost& host);
     int retime(const FlightHost& host);
     int orbit(const FlightHost& host);
+    int picture(const FlightHost& host);
+    int sheet(const FlightHost& host);
     // Writes the key frames with the settings through the add-on's own writer.
     void write(const std::string& fileName, const std::vector<KeyFrame_s>& keyFrames,
                const AnimationSettings_s& settings);

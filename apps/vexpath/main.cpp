@@ -1,5 +1,5 @@
-// vexpath: the camera path tools (check, retime, orbit) for key frame files, run around the key
-// frame add-on loaded into the stand-in host.
+// vexpath: the camera path tools (check, retime, orbit, picture, sheet) for key frame files, run
+// around the key frame add-on loaded into the stand-in host.
 #include <iostream>
 #include <string>
 #include <vector>

@@ -17,6 +17,7 @@
 #include "vexhost/AddOnLibrary.h"
 #include "vexhost/Drawing.h"
 #include "vexhost/Frame.h"
+#include "vexhost/DataSet.h"
 #include "vexhost/FrameTrace.h"
 #include "vexhost/MacroError.h"
 
@@ -66,6 +67,13 @@ TEST_F(FlightViewsTest, GivesTheViewOfEveryFrameWithEachKeyFrameAtItsFrame) {
         EXPECT_EQ(twoLegs()[k].view, flight.views()[flight.keyFrameFrames()[k]]) << k;
     EXPECT_EQ(twoLegs(), flight.keyFrames());
     EXPECT_EQ((vexhost::View3D::Vector{1, 2, 3}), flight.rotateOrigin());
+}
+
+TEST_F(FlightViewsTest, GivesTheSolutionTimeOfEveryFrame) {
+    host().dataSet().setSolutionTime(2.5);
+    const FlightViews flight = FlightViews::fly(host(), write(twoLegs()));
+    // Time is not animated here: every frame shows the host's time.
+    EXPECT_EQ(std::vector<double>(8, 2.5), flight.solutionTimes());
 }
 
 TEST_F(FlightViewsTest, AViewBetweenKeyFramesIsOnTheArcAboutTheRotationOrigin) {

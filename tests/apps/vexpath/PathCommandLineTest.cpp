@@ -98,6 +98,32 @@ TEST(PathCommandLineTest, OrbitHasDefaultsAndNeedsAnOutput) {
               usageError({"orbit", "-o", "o", "--angle", "0"}));
 }
 
+TEST(PathCommandLineTest, PictureAndSheetTakeAFileAndAnOutput) {
+    const PathOptions picture =
+        PathCommandLine::parse({"picture", "f.keyframe", "-o", "p.png", "--size", "640x480"});
+    EXPECT_EQ(Command::Picture, picture.command);
+    EXPECT_EQ("f.keyframe", picture.input);
+    EXPECT_EQ("p.png", picture.output);
+    EXPECT_EQ(640, picture.scene.width);
+    const PathOptions coloured = PathCommandLine::parse(
+        {"picture", "f", "-o", "p.png", "--data", "d.vtu", "--color-by", "T", "--colormap",
+         "viridis", "--streamtraces", "v", "--seed-line", "0,0,0,1,1,1,5"});
+    EXPECT_EQ("T", coloured.scene.dataOptions.colourBy);
+    EXPECT_EQ("v", coloured.scene.dataOptions.streamtraceArray);
+    const PathOptions sheet =
+        PathCommandLine::parse({"sheet", "f.keyframe", "-o", "s.png", "--columns", "2"});
+    EXPECT_EQ(Command::Sheet, sheet.command);
+    EXPECT_EQ(2, sheet.columns);
+    EXPECT_EQ(0, PathCommandLine::parse({"sheet", "f", "-o", "s.png"}).columns);
+    EXPECT_EQ("picture needs -o OUT.png", usageError({"picture", "f"}));
+    EXPECT_EQ("sheet needs -o OUT.png", usageError({"sheet", "f"}));
+    EXPECT_EQ("the key frame file to read is missing", usageError({"picture", "-o", "p.png"}));
+    EXPECT_EQ("--columns needs a whole number from 1 to 64; found '0'",
+              usageError({"sheet", "f", "-o", "s.png", "--columns", "0"}));
+    EXPECT_EQ("--columns is not an option of this command",
+              usageError({"picture", "f", "-o", "p.png", "--columns", "2"}));
+}
+
 TEST(PathCommandLineTest, OptionsBelongToTheirCommands) {
     EXPECT_EQ("--json is not an option of this command",
               usageError({"retime", "in", "-o", "out", "--frames", "9", "--json"}));
@@ -108,7 +134,7 @@ TEST(PathCommandLineTest, OptionsBelongToTheirCommands) {
 }
 
 TEST(PathCommandLineTest, ACommandComesFirst) {
-    EXPECT_EQ("a command is missing: check, retime or orbit", usageError({}));
+    EXPECT_EQ("a command is missing: check, retime, orbit, picture or sheet", usageError({}));
     EXPECT_EQ("unknown command 'draw'", usageError({"draw", "f"}));
     EXPECT_EQ("unknown command 'check'", usageError({"--json", "check", "f"}));
 }
