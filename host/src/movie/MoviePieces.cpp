@@ -1,0 +1,50 @@
+#include "vexhost/MoviePieces.h"
+
+#include <filesystem>
+#include <stdexcept>
+#include <system_error>
+
+#include "movie/FfmpegMovieWriter.h"
+#include "movie/MovieEncoding.h"
+#include "movie/PieceJoiners.h"
+#include "movie/WrittenMovie.h"
+
+namespace vexhost {
+
+std::string moviePieceName(const std::string& fileName, int member) {
+    return fileName + ".part" + std::to_string(member) +
+           std::filesystem::path(fileName).extension().string();
+}
+
+std::string joinMoviePieces(const ExportSettings& settings, const std::vector<std::string>& pieces,
+                            int width, int height) {
+    const MovieEncoding encoding = MovieEncoding::forSettings(settings);
+    if (pieces.empty())
+        throw std::invalid_argument("joinMoviePieces(): no pieces");
+    // The movie's own way to its name: complete under the partial name, then renamed.
+    const std::string partial = FfmpegMovieWriter::partialName(settings.fileName);
+    WrittenMovie movie;
+    try {
+        movie = encoding.joinsByChunks
+                    ? joinPngChunks(pieces, partial, settings.fileName)
+                    : joinPackets(encoding, MovieEncoding::frameRate(settings.animationSpeed),
+                                  pieces, partial, settings.fileName);
+        std::error_code error;
+        std::filesystem::rename(partial, settings.fileName, error);
+        if (error)
+            throw std::runtime_error("Cannot write the movie file \"" + settings.fileName +
+                                     "\": " + error.message());
+    } catch (...) {
+        std::error_code ignored;
+        std::filesystem::remove(partial, ignored);
+        throw;
+    }
+    movie.width = width;
+    movie.height = height;
+    movie.framesPerSecond = settings.animationSpeed;
+    movie.description = encoding.description;
+    movie.fileName = settings.fileName;
+    return movie.summary();
+}
+
+}  // namespace vexhost

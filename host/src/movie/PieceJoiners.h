@@ -1,0 +1,27 @@
+// The two ways of joining a team's movie pieces (vexhost/MoviePieces.h) into one file at `output`:
+// packet by packet through FFmpeg's demuxer and muxer, or chunk by chunk for the animated PNG
+// (MovieEncoding::joinsByChunks). Each answers the movie's frame count and encoded size in a
+// WrittenMovie, the rest of which the caller fills in; each throws std::runtime_error naming the
+// cause and may leave a partial file at `output`, which the caller removes.
+#ifndef VEXHOST_MOVIE_PIECEJOINERS_H
+#define VEXHOST_MOVIE_PIECEJOINERS_H
+
+#include <string>
+#include <vector>
+
+#include "movie/MovieEncoding.h"
+#include "movie/WrittenMovie.h"
+
+namespace vexhost {
+
+// displayName: the movie's name in messages. frameRate: the export's (MovieEncoding::frameRate).
+WrittenMovie joinPackets(const MovieEncoding& encoding, AVRational frameRate,
+                         const std::vector<std::string>& pieces, const std::string& output,
+                         const std::string& displayName);
+
+WrittenMovie joinPngChunks(const std::vector<std::string>& pieces, const std::string& output,
+                           const std::string& displayName);
+
+}  // namespace vexhost
+
+#endif

@@ -1,0 +1,247 @@
+// Joining animated PNG pieces by the format's own rules. A piece is the PNG signature, its header
+// chunks (IHDR, pHYs, acTL with the frame count), then per frame a frame control chunk (fcTL)
+// followed by the picture's data, and IEND. The first frame's data is in IDAT chunks (the plain
+// PNG picture a viewer without animation shows), later frames' in fdAT chunks; fcTL and fdAT
+// chunks carry one sequence number running through the file. So the joined file takes the first
+// piece's header with the total frame count, every frame of every piece in order with the sequence
+// numbers counted anew, the later pieces' IDAT chunks turned into fdAT chunks, and one IEND. Frames
+// are copied as they are: each piece's first frame covers the whole picture and replaces what was
+// there, so what the frames before it left does not show through.
+//
+// Pieces are read twice, first their headers (for the total frame count, which comes before the
+// frames) and then their frames, one chunk at a time: a piece of lossless pictures is large.
+#include <zlib.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "movie/PieceJoiners.h"
+
+namespace vexhost {
+namespace {
+
+const uint8_t kSignature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+
+uint32_t bigEndian(const uint8_t* bytes) {
+    return static_cast<uint32_t>(bytes[0]) << 24 | static_cast<uint32_t>(bytes[1]) << 16 |
+           static_cast<uint32_t>(bytes[2]) << 8 | static_cast<uint32_t>(bytes[3]);
+}
+
+void putBigEndian(uint8_t* bytes, uint32_t value) {
+    for (int i = 0; i < 4; ++i)
+        bytes[i] = static_cast<uint8_t>(value >> (24 - 8 * i));
+}
+
+struct Chunk {
+    std::string type;
+    std::vector<uint8_t> data;
+
+    bool operator==(const Chunk& other) const { return type == other.type && data == other.data; }
+};
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+class ChunkReader {
+public:
+    explicit ChunkReader(const std::string& path)
+        : path_(path), file_(std::fopen(path.c_str(), "rb")) {
+        if (!file_)
+            fail(std::strerror(errno));
+        uint8_t signature[8];
+        if (std::fread(signature, 1, 8, file_.get()) != 8 ||
+            std::memcmp(signature, kSignature, 8) != 0)
+            fail("it is not a PNG file");
+    }
+
+    // The next chunk, its checksum checked; false at the end of the file.
+    bool next(Chunk& chunk) {
+        uint8_t head[8];
+        const std::size_t got = std::fread(head, 1, 8, file_.get());
+        if (got == 0 && std::feof(file_.get()))
+            return false;
+        if (got != 8)
+            fail("it ends inside a chunk");
+        chunk.type.assign(reinterpret_cast<const char*>(head + 4), 4);
+        chunk.data.resize(bigEndian(head));
+        uint8_t crc[4];
+        if (std::fread(chunk.data.data(), 1, chunk.data.size(), file_.get()) != chunk.data.size() ||
+            std::fread(crc, 1, 4, file_.get()) != 4)
+            fail("it ends inside a chunk");
+        uLong sum = crc32(0, head + 4, 4);
+        sum = crc32(sum, chunk.data.data(), static_cast<uInt>(chunk.data.size()));
+        if (bigEndian(crc) != sum)
+            fail("its " + chunk.type + " chunk is damaged");
+        return true;
+    }
+
+    [[noreturn]] void fail(const std::string& why) const {
+        throw std::runtime_error("The movie piece \"" + path_ + "\" cannot be read: " + why);
+    }
+
+private:
+    std::string path_;
+    std::unique_ptr<std::FILE, FileCloser> file_;
+};
+
+class ChunkWriter {
+public:
+    ChunkWriter(const std::string& path, const std::string& displayName)
+        : displayName_(displayName), file_(std::fopen(path.c_str(), "wb")) {
+        if (!file_)
+            fail();
+        put(kSignature, 8);
+    }
+
+    void write(const Chunk& chunk) {
+        uint8_t head[8];
+        putBigEndian(head, static_cast<uint32_t>(chunk.data.size()));
+        std::memcpy(head + 4, chunk.type.data(), 4);
+        uLong sum = crc32(0, head + 4, 4);
+        sum = crc32(sum, chunk.data.data(), static_cast<uInt>(chunk.data.size()));
+        uint8_t crc[4];
+        putBigEndian(crc, static_cast<uint32_t>(sum));
+        put(head, 8);
+        put(chunk.data.data(), chunk.data.size());
+        put(crc, 4);
+    }
+
+    void close() {
+        if (std::fclose(file_.release()) != 0)
+            fail();
+    }
+
+private:
+    void put(const uint8_t* bytes, std::size_t size) {
+        if (std::fwrite(bytes, 1, size, file_.get()) != size)
+            fail();
+    }
+    [[noreturn]] void fail() const {
+        throw std::runtime_error("Cannot write the movie file \"" + displayName_ +
+                                 "\": " + std::strerror(errno));
+    }
+
+    std::string displayName_;
+    std::unique_ptr<std::FILE, FileCloser> file_;
+};
+
+bool isFrameChunk(const std::string& type) {
+    return type == "fcTL" || type == "IDAT" || type == "fdAT";
+}
+
+// The header chunks of a piece, up to its first frame chunk (kept in `first`).
+std::vector<Chunk> readHeader(ChunkReader& piece, Chunk& first) {
+    std::vector<Chunk> header;
+    while (piece.next(first)) {
+        if (isFrameChunk(first.type)) {
+            if (first.type != "fcTL")
+                piece.fail("its first picture is not an animation frame");
+            if (header.empty() || header.front().type != "IHDR" || header.front().data.size() != 13)
+                piece.fail("it does not start with IHDR");
+            return header;
+        }
+        header.push_back(first);
+    }
+    piece.fail("it has no frames");
+}
+
+// The animation control chunk's frame count.
+uint32_t frameCount(const std::vector<Chunk>& header, const ChunkReader& piece) {
+    for (const Chunk& chunk : header) {
+        if (chunk.type == "acTL" && chunk.data.size() == 8)
+            return bigEndian(chunk.data.data());
+    }
+    piece.fail("it is not an animated PNG (no acTL chunk)");
+}
+
+// Whether two headers agree in everything but their frame counts.
+bool sameHeader(const std::vector<Chunk>& a, const std::vector<Chunk>& b) {
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const bool same =
+            a[i].type == "acTL"
+                ? b[i].type == "acTL" &&
+                      std::equal(a[i].data.begin() + 4, a[i].data.end(), b[i].data.begin() + 4)
+                : a[i] == b[i];
+        if (!same)
+            return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+WrittenMovie joinPngChunks(const std::vector<std::string>& pieces, const std::string& output,
+                           const std::string& displayName) {
+    std::vector<Chunk> header;
+    std::vector<uint32_t> pieceFrames;  // as each piece's header says
+    uint32_t frames = 0;
+    Chunk chunk;
+    for (const std::string& path : pieces) {
+        ChunkReader piece(path);
+        const std::vector<Chunk> own = readHeader(piece, chunk);
+        if (header.empty())
+            header = own;
+        else if (!sameHeader(header, own))
+            throw std::runtime_error("The movie piece \"" + path +
+                                     "\" was encoded otherwise than \"" + pieces.front() +
+                                     "\": the pieces cannot be joined");
+        pieceFrames.push_back(frameCount(own, piece));
+        frames += pieceFrames.back();
+    }
+
+    ChunkWriter movie(output, displayName);
+    for (Chunk& headerChunk : header) {
+        if (headerChunk.type == "acTL")
+            putBigEndian(headerChunk.data.data(), frames);
+        movie.write(headerChunk);
+    }
+    uint32_t sequence = 0;
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        ChunkReader piece(pieces[i]);
+        readHeader(piece, chunk);
+        uint32_t frame = 0;  // of this piece, from 1
+        do {
+            if (chunk.type == "IEND")
+                break;
+            if (chunk.type == "fcTL" && chunk.data.size() == 26) {
+                ++frame;
+            } else if (chunk.type == "IDAT" && frame == 1) {
+                if (i > 0) {
+                    chunk.type = "fdAT";
+                    chunk.data.insert(chunk.data.begin(), 4, 0);
+                }
+            } else if (chunk.type != "fdAT" || chunk.data.size() < 4 || frame < 2) {
+                piece.fail("a " + chunk.type + " chunk is out of place");
+            }
+            if (chunk.type != "IDAT")
+                putBigEndian(chunk.data.data(), sequence++);
+            movie.write(chunk);
+        } while (piece.next(chunk));
+        if (chunk.type != "IEND")
+            piece.fail("it does not end with IEND");
+        // The joined header's frame count is the sum of the pieces' own: they must be right.
+        if (frame != pieceFrames[i])
+            piece.fail("its header counts " + std::to_string(pieceFrames[i]) + " frames, not " +
+                       std::to_string(frame));
+    }
+    movie.write(Chunk{"IEND", {}});
+    movie.close();
+
+    WrittenMovie written;
+    written.frames = frames;
+    const uint8_t* size = header.front().data.data();
+    written.encodedWidth = static_cast<int>(bigEndian(size));
+    written.encodedHeight = static_cast<int>(bigEndian(size + 4));
+    return written;
+}
+
+}  // namespace vexhost
