@@ -264,6 +264,10 @@ RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
             if (equals != std::string::npos)
                 throw UsageError(option + " takes no value");
             options.keepGoing = true;
+        } else if (option == "--parallel-export") {
+            if (equals != std::string::npos)
+                throw UsageError(option + " takes no value");
+            options.parallelExport = true;
         } else if (takesValue(option)) {
             std::string value;
             if (equals != std::string::npos) {
@@ -279,6 +283,9 @@ RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
         }
     }
     checkDataOptions(options);
+    // The studio answers one person's browser: a job of many processes has nobody to serve.
+    if (options.serve && options.parallelExport)
+        throw UsageError("--parallel-export cannot be used with --serve");
     if (!options.serve && (!options.roots.empty() || !options.webDirectory.empty()))
         throw UsageError(std::string(options.roots.empty() ? "--web" : "--root") +
                          " needs --serve");
@@ -320,6 +327,10 @@ const char* CommandLine::usage() {
            "                     left, a file dialog is cancelled)\n"
            "  --stop-at N        press Stop at the N-th progress check\n"
            "  --keep-going       report a failing line and go on with the next one\n"
+           "  --parallel-export  make movies with every process of the MPI job this vexplot is\n"
+           "                     one of (mpirun -n P vexplot --parallel-export ...): each draws\n"
+           "                     a share of the frames, the first joins them; only the first\n"
+           "                     prints (docs/parallel-export.md)\n"
            "  --size WxH         the frame's size in pixels (default 800x600)\n"
            "  --serve [HOST:]PORT\n"
            "                     after the macro files, serve the studio, the host in a web\n"

@@ -1,6 +1,7 @@
 // vexplot: runs macro files against the stand-in host with the key frame add-on loaded.
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -9,6 +10,15 @@
 #include "CommandLine.h"
 #include "RenderingMemory.h"
 #include "UsageError.h"
+#include "vexhost/ExportTeam.h"
+#ifdef VEXPLOT_WITH_MPI
+#include "vexhost/MpiExportTeam.h"
+#include "vexhost/MpiSession.h"
+#else
+namespace vexhost {
+class MpiSession {};
+}  // namespace vexhost
+#endif
 
 namespace {
 
@@ -37,7 +47,21 @@ int main(int argc, char** argv) {
         return 0;
     }
     try {
-        vexplot::app::BatchRun run(options, programPath(argv[0]), std::cerr);
+        // MPI runs for the whole run; the team goes before it (declared after it).
+        std::unique_ptr<vexhost::MpiSession> mpi;
+        std::shared_ptr<vexhost::ExportTeam> team;
+        if (options.parallelExport) {
+#ifdef VEXPLOT_WITH_MPI
+            mpi = std::make_unique<vexhost::MpiSession>();
+            team = std::make_shared<vexhost::MpiExportTeam>();
+#else
+            std::cerr << "vexplot: --parallel-export needs MPI, and this vexplot was built without "
+                         "it (libopenmpi-dev)"
+                      << std::endl;
+            return 2;
+#endif
+        }
+        vexplot::app::BatchRun run(options, programPath(argv[0]), std::cout, std::cerr, team);
         return run.run();
     } catch (const std::exception& error) {
         // Not a failure of the user's macro: a broken invariant. Say so loudly.
