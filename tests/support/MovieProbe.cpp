@@ -45,9 +45,10 @@ std::vector<double> frameTimes(const std::string& path) {
 
 std::vector<vexhost::Image> decodeFrames(const std::string& path, int width, int height,
                                          int maxFrames) {
+    // Every frame as decoded, none repeated or dropped to make a constant rate.
     const std::string command = "ffmpeg -v error -i " + shellQuoted(path) +
                                 (maxFrames > 0 ? " -frames:v " + std::to_string(maxFrames) : "") +
-                                " -f rawvideo -pix_fmt rgb24 - 2>/dev/null";
+                                " -fps_mode passthrough -f rawvideo -pix_fmt rgb24 - 2>/dev/null";
     std::vector<vexhost::Image> frames;
     std::FILE* pipe = popen(command.c_str(), "r");
     if (pipe == nullptr) {
@@ -71,6 +72,18 @@ std::vector<vexhost::Image> decodeFrames(const std::string& path, int width, int
     const int status = pclose(pipe);
     EXPECT_EQ(status, 0) << "ffmpeg failed on " << path;
     return frames;
+}
+
+double moviePeakSignalToNoise(const std::string& path, const std::string& reference) {
+    const std::string command = "ffmpeg -v info -i " + shellQuoted(path) + " -i " +
+                                shellQuoted(reference) + " -lavfi psnr -f null - 2>&1";
+    for (const std::string& line : commandOutputLines(command)) {
+        const std::size_t average = line.find(" average:");
+        if (line.find("PSNR ") != std::string::npos && average != std::string::npos)
+            return std::strtod(line.c_str() + average + 9, nullptr);
+    }
+    ADD_FAILURE() << "ffmpeg gave no PSNR of " << path << " against " << reference;
+    return 0;
 }
 
 double peakSignalToNoise(const vexhost::Image& a, const vexhost::Image& b) {

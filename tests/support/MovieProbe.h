@@ -28,6 +28,11 @@ std::vector<double> frameTimes(const std::string& path);
 std::vector<vexhost::Image> decodeFrames(const std::string& path, int width, int height,
                                          int maxFrames = 0);
 
+// The peak signal-to-noise ratio of a movie's frames against those of a reference movie of the same
+// size and frame count, in decibels, as ffmpeg's psnr filter measures it (the average over the
+// frames and over Y, U and V). A failing ffmpeg is a test failure.
+double moviePeakSignalToNoise(const std::string& path, const std::string& reference);
+
 // The peak signal-to-noise ratio between two pictures of one size, in decibels, over every channel
 // of every pixel: how closely a lossy encoding kept a picture. Infinity for equal pictures.
 double peakSignalToNoise(const vexhost::Image& a, const vexhost::Image& b);

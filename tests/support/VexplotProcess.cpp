@@ -38,12 +38,22 @@ bool VexplotProcess::exists(const std::string& name) const {
     return std::filesystem::exists(directory_ + "/" + name);
 }
 
+std::string VexplotProcess::vexplotPath() {
+    return VEXPLOT_PATH;
+}
+
 VexplotProcess::Result VexplotProcess::run(const std::vector<std::string>& arguments,
                                            const std::string& workingDirectory) const {
+    return runProgram(VEXPLOT_PATH, arguments, workingDirectory);
+}
+
+VexplotProcess::Result VexplotProcess::runProgram(const std::string& program,
+                                                  const std::vector<std::string>& arguments,
+                                                  const std::string& workingDirectory) const {
     const std::string& cwd = workingDirectory.empty() ? directory_ : workingDirectory;
     const std::string outPath = directory_ + "/.stdout";
     const std::string errPath = directory_ + "/.stderr";
-    std::vector<std::string> argv = {VEXPLOT_PATH};
+    std::vector<std::string> argv = {program};
     argv.insert(argv.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
     for (std::string& argument : argv)

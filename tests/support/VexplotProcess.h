@@ -30,6 +30,11 @@ public:
     // directory unless another working directory is given.
     Result run(const std::vector<std::string>& arguments,
                const std::string& workingDirectory = "") const;
+    // The same for another program (as one that starts vexplot: mpirun).
+    Result runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                      const std::string& workingDirectory = "") const;
+    // The built vexplot.
+    static std::string vexplotPath();
     // Writes the macro as m.mcr and runs vexplot with the options and m.mcr.
     Result runMacro(const std::string& macro, std::vector<std::string> options = {}) const;
 

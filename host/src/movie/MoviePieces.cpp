@@ -25,10 +25,10 @@ std::string joinMoviePieces(const ExportSettings& settings, const std::vector<st
     const std::string partial = FfmpegMovieWriter::partialName(settings.fileName);
     WrittenMovie movie;
     try {
+        const AVRational frameRate = MovieEncoding::frameRate(settings.animationSpeed);
         movie = encoding.joinsByChunks
-                    ? joinPngChunks(pieces, partial, settings.fileName)
-                    : joinPackets(encoding, MovieEncoding::frameRate(settings.animationSpeed),
-                                  pieces, partial, settings.fileName);
+                    ? joinPngChunks(pieces, frameRate, partial, settings.fileName)
+                    : joinPackets(encoding, frameRate, pieces, partial, settings.fileName);
         std::error_code error;
         std::filesystem::rename(partial, settings.fileName, error);
         if (error)

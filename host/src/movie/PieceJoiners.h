@@ -19,8 +19,8 @@ WrittenMovie joinPackets(const MovieEncoding& encoding, AVRational frameRate,
                          const std::vector<std::string>& pieces, const std::string& output,
                          const std::string& displayName);
 
-WrittenMovie joinPngChunks(const std::vector<std::string>& pieces, const std::string& output,
-                           const std::string& displayName);
+WrittenMovie joinPngChunks(const std::vector<std::string>& pieces, AVRational frameRate,
+                           const std::string& output, const std::string& displayName);
 
 }  // namespace vexhost
 

@@ -133,6 +133,36 @@ TEST_F(MoviePiecesTest, ASinglePieceIsTheMovie) {
     EXPECT_EQ(vextest::probeMovie(joined.fileName)["nb_read_frames"], "8");
 }
 
+TEST_F(MoviePiecesTest, RasterMetafilePiecesOfOneFrameArePlainPicturesAndJoinAllTheSame) {
+    const MovieCase& c = kMovieCases[8];
+    // Three frames, one per piece: each piece a plain PNG picture, as the muxer writes one frame.
+    const ExportSettings whole = settingsFor(c, "whole.rm");
+    writeFrames(whole, 0, 3);
+    std::vector<std::string> pieces;
+    for (int m = 0; m < 3; ++m) {
+        ExportSettings piece = settingsFor(c, "joined.rm");
+        piece.fileName = moviePieceName(piece.fileName, m);
+        writeFrames(piece, m, m + 1);
+        pieces.push_back(piece.fileName);
+    }
+    const ExportSettings joined = settingsFor(c, "joined.rm");
+    joinMoviePieces(joined, pieces, kWidth, kHeight);
+    EXPECT_EQ(vextest::probeMovie(joined.fileName), vextest::probeMovie(whole.fileName));
+    EXPECT_EQ(vextest::frameTimes(joined.fileName), vextest::frameTimes(whole.fileName));
+    const std::vector<Image> frames = vextest::decodeFrames(joined.fileName, kWidth, kHeight);
+    const std::vector<Image> wholeFrames = vextest::decodeFrames(whole.fileName, kWidth, kHeight);
+    ASSERT_EQ(frames.size(), 3u);
+    for (std::size_t i = 0; i < frames.size(); ++i)
+        EXPECT_EQ(frames[i].rgb, wholeFrames[i].rgb) << "frame " << i;
+
+    // A movie of one frame stays the plain picture the writer wrote.
+    const ExportSettings single = settingsFor(c, "single.rm");
+    joinMoviePieces(single, {pieces[0]}, kWidth, kHeight);
+    const ExportSettings first = settingsFor(c, "first.rm");
+    writeFrames(first, 0, 1);
+    EXPECT_EQ(readAll(single.fileName), readAll(first.fileName));
+}
+
 TEST_F(MoviePiecesTest, PiecesEncodedOtherwiseAreNotJoinedAndLeaveNothing) {
     for (const MovieCase& c : {kMovieCases[0], kMovieCases[8]}) {
         const std::string extension = std::string(".") + c.extension;
