@@ -25,6 +25,9 @@ public:
     // The content of a file of the scratch directory ("" when there is none).
     std::string readFile(const std::string& name) const;
     bool exists(const std::string& name) const;
+    // The names of the files in the scratch directory, sorted, without the program's captured
+    // output.
+    std::vector<std::string> files() const;
 
     // Runs vexplot with these arguments (not the program name) and waits for it; in the scratch
     // directory unless another working directory is given.

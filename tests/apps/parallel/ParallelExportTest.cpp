@@ -5,11 +5,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <map>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -123,17 +120,7 @@ protected:
 
     std::string path(const std::string& name) const { return process.directory() + "/" + name; }
 
-    // The files of the scratch directory, without vexplot's captured output.
-    std::vector<std::string> files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(process.directory())) {
-            const std::string name = entry.path().filename().string();
-            if (name != ".stdout" && name != ".stderr")
-                names.push_back(name);
-        }
-        std::sort(names.begin(), names.end());
-        return names;
-    }
+    std::vector<std::string> files() const { return process.files(); }
     const std::vector<std::string> kInputs = {"flight.keyframe", "m.mcr"};
 
     // The files of the scratch directory that are pieces or partial files ("film.avi.part1.avi",

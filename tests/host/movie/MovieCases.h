@@ -6,7 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
+#include <string>
 
+#include "vexhost/ExportSettings.h"
 #include "vexhost/Image.h"
 
 namespace vextest {
@@ -37,6 +39,17 @@ inline const MovieCase kMovieCases[] = {
     {"Wmv", 22, 0, 0, "wmv", "asf", "wmv2", true},
     {"RasterMetafile", 0, 0, 0, "rm", "apng", "apng", false},
 };
+
+// The export settings of a case's movie at 10 frames per second, written to fileName.
+inline vexhost::ExportSettings movieSettings(const MovieCase& c, const std::string& fileName) {
+    vexhost::ExportSettings settings;
+    settings.format = c.format;
+    settings.flashImageType = c.flashImageType;
+    settings.flashCompressionType = c.flashCompressionType;
+    settings.animationSpeed = 10;
+    settings.fileName = fileName;
+    return settings;
+}
 
 // A picture that changes from frame to frame: a gradient with a bar moving across.
 inline vexhost::Image testFrame(int width, int height, int index) {

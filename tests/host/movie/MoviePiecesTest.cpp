@@ -38,13 +38,7 @@ std::string readAll(const std::string& path) {
 class MoviePiecesTest : public ::testing::Test {
 protected:
     ExportSettings settingsFor(const MovieCase& c, const std::string& name) const {
-        ExportSettings settings;
-        settings.format = c.format;
-        settings.flashImageType = c.flashImageType;
-        settings.flashCompressionType = c.flashCompressionType;
-        settings.animationSpeed = 10;
-        settings.fileName = (directory_ / name).string();
-        return settings;
+        return vextest::movieSettings(c, (directory_ / name).string());
     }
 
     // Writes the test pictures first .. end - 1, at `width`, as one movie; answers its summary.

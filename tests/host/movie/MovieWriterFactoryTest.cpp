@@ -55,13 +55,7 @@ private:
 class MovieWriterFactoryTest : public ::testing::Test {
 protected:
     ExportSettings settingsFor(const MovieCase& c, const std::string& fileName) const {
-        ExportSettings settings;
-        settings.format = c.format;
-        settings.flashImageType = c.flashImageType;
-        settings.flashCompressionType = c.flashCompressionType;
-        settings.animationSpeed = 10;
-        settings.fileName = (directory_ / fileName).string();
-        return settings;
+        return vextest::movieSettings(c, (directory_ / fileName).string());
     }
 
     // Writes frames pictures of width x height and finishes the movie.
