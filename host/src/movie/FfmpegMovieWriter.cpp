@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "movie/MovieEncoding.h"
+#include "movie/MovieOutput.h"
 #include "movie/WrittenMovie.h"
 
 namespace vexhost {
@@ -114,7 +115,7 @@ void FfmpegMovieWriter::finish() {
     std::error_code error;
     std::filesystem::rename(partialName_, fileName_, error);
     if (error) {
-        failFinish("Cannot write the movie file \"" + fileName_ + "\": " + error.message());
+        failFinish(MovieOutput::cannotWrite(fileName_, error.message()));
     }
     state_ = State::Finished;
 }

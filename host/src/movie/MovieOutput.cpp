@@ -47,8 +47,7 @@ void MovieOutput::start(AVRational frameRate, const MovieEncoding::Options& muxe
         if (error < 0) {
             char text[AV_ERROR_MAX_STRING_SIZE] = {};
             av_strerror(error, text, sizeof text);
-            throw std::runtime_error("Cannot write the movie file \"" + displayName_ +
-                                     "\": " + text);
+            throw std::runtime_error(cannotWrite(displayName_, text));
         }
     }
     FfmpegDictionary options(muxerOptions);
@@ -78,6 +77,10 @@ void MovieOutput::finish() {
     if (!(format_->oformat->flags & AVFMT_NOFILE)) {
         avio_closep(&format_->pb);
     }
+}
+
+std::string MovieOutput::cannotWrite(const std::string& displayName, const std::string& cause) {
+    return "Cannot write the movie file \"" + displayName + "\": " + cause;
 }
 
 void MovieOutput::fail(const std::string& what, int errorCode) const {

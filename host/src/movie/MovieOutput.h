@@ -44,6 +44,10 @@ public:
     // Throws std::runtime_error: the movie, then `what`, then FFmpeg's reason for errorCode.
     [[noreturn]] void fail(const std::string& what, int errorCode) const;
 
+    // What the user reads when a movie's file cannot be written: Cannot write the movie file
+    // "<display name>": <cause>
+    static std::string cannotWrite(const std::string& displayName, const std::string& cause);
+
 private:
     struct FormatCloser {
         void operator()(AVFormatContext* format) const;

@@ -6,10 +6,24 @@
 
 #include "movie/FfmpegMovieWriter.h"
 #include "movie/MovieEncoding.h"
+#include "movie/MovieOutput.h"
 #include "movie/PieceJoiners.h"
 #include "movie/WrittenMovie.h"
 
 namespace vexhost {
+
+std::runtime_error pieceFailure(const std::string& piece, const std::string& what) {
+    return std::runtime_error("The movie piece \"" + piece + "\" " + what);
+}
+
+std::runtime_error unreadablePiece(const std::string& piece, const std::string& why) {
+    return pieceFailure(piece, "cannot be read: " + why);
+}
+
+std::runtime_error piecesThatDiffer(const std::string& piece, const std::string& first) {
+    return pieceFailure(
+        piece, "was encoded otherwise than \"" + first + "\": the pieces cannot be joined");
+}
 
 std::string moviePieceName(const std::string& fileName, int member) {
     return fileName + ".part" + std::to_string(member) +
@@ -32,8 +46,7 @@ std::string joinMoviePieces(const ExportSettings& settings, const std::vector<st
         std::error_code error;
         std::filesystem::rename(partial, settings.fileName, error);
         if (error)
-            throw std::runtime_error("Cannot write the movie file \"" + settings.fileName +
-                                     "\": " + error.message());
+            throw std::runtime_error(MovieOutput::cannotWrite(settings.fileName, error.message()));
     } catch (...) {
         std::error_code ignored;
         std::filesystem::remove(partial, ignored);

@@ -23,23 +23,17 @@ struct PacketFreer {
 };
 using Input = std::unique_ptr<AVFormatContext, InputCloser>;
 
-std::string pieceSubject(const std::string& path) {
-    return "The movie piece \"" + path + "\"";
-}
-
 Input openPiece(const std::string& path) {
     AVFormatContext* format = nullptr;
     int error = avformat_open_input(&format, path.c_str(), nullptr, nullptr);
     if (error < 0)
-        throw std::runtime_error(pieceSubject(path) +
-                                 " cannot be read: " + FfmpegLog::describe(error));
+        throw unreadablePiece(path, FfmpegLog::describe(error));
     Input input(format);
     error = avformat_find_stream_info(format, nullptr);
     if (error < 0)
-        throw std::runtime_error(pieceSubject(path) +
-                                 " cannot be read: " + FfmpegLog::describe(error));
+        throw unreadablePiece(path, FfmpegLog::describe(error));
     if (format->nb_streams != 1 || format->streams[0]->codecpar->codec_type != AVMEDIA_TYPE_VIDEO)
-        throw std::runtime_error(pieceSubject(path) + " is not a movie of one video stream");
+        throw pieceFailure(path, "is not a movie of one video stream");
     return input;
 }
 
@@ -81,8 +75,7 @@ WrittenMovie joinPackets(const MovieEncoding& encoding, AVRational frameRate,
             written.encodedWidth = in->codecpar->width;
             written.encodedHeight = in->codecpar->height;
         } else if (!sameEncoding(*out->codecpar, *in->codecpar)) {
-            throw std::runtime_error(pieceSubject(pieces[i]) + " was encoded otherwise than \"" +
-                                     pieces[0] + "\": the pieces cannot be joined");
+            throw piecesThatDiffer(pieces[i], pieces[0]);
         }
         const uint64_t framesBefore = written.frames;
         int64_t origin = AV_NOPTS_VALUE;  // the piece's first picture, in its time base
@@ -101,8 +94,7 @@ WrittenMovie joinPackets(const MovieEncoding& encoding, AVRational frameRate,
             if (error == AVERROR_EOF)
                 break;
             if (error < 0)
-                throw std::runtime_error(pieceSubject(pieces[i]) +
-                                         " cannot be read: " + FfmpegLog::describe(error));
+                throw unreadablePiece(pieces[i], FfmpegLog::describe(error));
             const bool key = packet->flags & AV_PKT_FLAG_KEY;
             anyKey = anyKey || key;
             if (origin == AV_NOPTS_VALUE) {
@@ -117,7 +109,7 @@ WrittenMovie joinPackets(const MovieEncoding& encoding, AVRational frameRate,
             ++written.frames;
         }
         if (anyKey && !firstIsKey)
-            throw std::runtime_error(pieceSubject(pieces[i]) + " does not start with a key frame");
+            throw pieceFailure(pieces[i], "does not start with a key frame");
     }
     movie.finish();
     return written;

@@ -6,6 +6,7 @@
 #ifndef VEXHOST_MOVIE_PIECEJOINERS_H
 #define VEXHOST_MOVIE_PIECEJOINERS_H
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,14 @@
 #include "movie/WrittenMovie.h"
 
 namespace vexhost {
+
+// The failures a piece can have, each a std::runtime_error that names it:
+//   The movie piece "<piece>" <what>
+std::runtime_error pieceFailure(const std::string& piece, const std::string& what);
+//   ... cannot be read: <why>
+std::runtime_error unreadablePiece(const std::string& piece, const std::string& why);
+//   ... was encoded otherwise than "<first piece>": the pieces cannot be joined
+std::runtime_error piecesThatDiffer(const std::string& piece, const std::string& first);
 
 // displayName: the movie's name in messages. frameRate: the export's (MovieEncoding::frameRate).
 WrittenMovie joinPackets(const MovieEncoding& encoding, AVRational frameRate,

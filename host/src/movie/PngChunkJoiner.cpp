@@ -28,6 +28,7 @@ extern "C" {
 #include <string>
 #include <vector>
 
+#include "movie/MovieOutput.h"
 #include "movie/PieceJoiners.h"
 
 namespace vexhost {
@@ -96,9 +97,7 @@ public:
         return true;
     }
 
-    [[noreturn]] void fail(const std::string& why) const {
-        throw std::runtime_error("The movie piece \"" + path_ + "\" cannot be read: " + why);
-    }
+    [[noreturn]] void fail(const std::string& why) const { throw unreadablePiece(path_, why); }
 
 private:
     std::string path_;
@@ -136,8 +135,7 @@ private:
             fail();
     }
     [[noreturn]] void fail() const {
-        throw std::runtime_error("Cannot write the movie file \"" + displayName_ +
-                                 "\": " + std::strerror(errno));
+        throw std::runtime_error(MovieOutput::cannotWrite(displayName_, std::strerror(errno)));
     }
 
     std::string displayName_;
@@ -208,9 +206,7 @@ WrittenMovie joinPngChunks(const std::vector<std::string>& pieces, AVRational fr
         ChunkReader piece(path);
         headers.push_back(readHeader(piece, chunk));
         if (headers.back().chunks != headers.front().chunks)
-            throw std::runtime_error("The movie piece \"" + path +
-                                     "\" was encoded otherwise than \"" + pieces.front() +
-                                     "\": the pieces cannot be joined");
+            throw piecesThatDiffer(path, pieces.front());
         frames += headers.back().frames;
         plays = headers.back().plays.value_or(plays);
     }
