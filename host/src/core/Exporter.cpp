@@ -41,6 +41,12 @@ void readInto(const StyleStore& style, const StyleStore::Path& path, std::string
     field = style.getString(path);
 }
 
+// A failure as a team's member tells it: its message, which may not be empty, as an empty one
+// means that all went well.
+std::string failureOf(const std::exception& error) {
+    return *error.what() != '\0' ? error.what() : "an unexplained failure";
+}
+
 }  // namespace
 
 Exporter::Exporter(StyleStore& style, FrameStack& frames, Drawing& drawing, HostErrors& errors,
@@ -175,7 +181,7 @@ bool Exporter::start() {
     // be drawn or encoded refuses the start, with an error dialog that names the cause, as the
     // application tells the user why an export did not begin. In a team, member 0 takes it (the
     // first frame is always in its range); the other members' pieces begin later.
-    std::string failure;
+    std::optional<std::string> failure;
     try {
         writer_ = factory_ ? factory_(s) : std::make_unique<NullMovieWriter>();
         if (writer_ == nullptr)
@@ -190,14 +196,16 @@ bool Exporter::start() {
                 writer_->addFrame(drawing_.picture(scenes_.front(), width_, height_, supersample_));
         }
     } catch (const std::exception& error) {
-        failure = error.what();
+        failure = team_ != nullptr ? failureOf(error) : error.what();
     }
-    if (team_ != nullptr)
-        failure = team_->agree({false, failure}).failure;
-    if (!failure.empty()) {
+    if (team_ != nullptr) {
+        const std::string agreed = team_->agree({false, failure.value_or("")}).failure;
+        failure = agreed.empty() ? std::nullopt : std::optional<std::string>(agreed);
+    }
+    if (failure) {
         abandonWriter();
         scenes_.clear();
-        dialogs_.showError(failure.c_str());
+        dialogs_.showError(failure->c_str());
         log_.push_back("Export not started: the error shown says why.");
         return false;
     }
@@ -307,7 +315,7 @@ bool Exporter::finishTogether() {
                 writer_->finish();
             summary = writer_->summary();
         } catch (const std::exception& error) {
-            outcome.failure = error.what();
+            outcome.failure = failureOf(error);
         }
     }
     if (!outcome.failure.empty() || outcome.stopped || gaveUp)
@@ -328,7 +336,7 @@ bool Exporter::finishTogether() {
                     summary = joiner_ ? joiner_(teamSettings_, pieces, width_, height_)
                                       : NullMovieWriter::joinNothing(teamSettings_, pieces.size());
                 } catch (const std::exception& error) {
-                    joinFailure = error.what();
+                    joinFailure = failureOf(error);
                 }
             }
             verdict = team_->agree({false, joinFailure});
@@ -373,7 +381,7 @@ ExportTeam::Outcome Exporter::drawPiece(const FrameRange& range, bool& gaveUp) {
                 ++next;
                 ++mine.framesDone;
             } catch (const std::exception& error) {
-                outcome.failure = error.what();
+                outcome.failure = failureOf(error);
                 mine.failed = true;
             }
         }
