@@ -9,10 +9,10 @@
 // - BM_StartUp/processes:P: the same runs with a macro that opens the key frame file and exports
 //   nothing: starting and ending the job (MPI, the add-on, the data set), which every export pays
 //   once.
-// - BM_Join/pieces:P: member 0's join of the flight's 91 frames written as P pieces, in this
-// process
-//   (FFmpeg's demuxer and muxer; the pictures are the movie tests' gradients, which encode to about
-//   the size of the flight's).
+// - BM_Join/pieces:P: member 0's join of 91 frames written as P pieces, in this process (FFmpeg's
+//   demuxer and muxer). The pictures are the movie tests' gradients with a moving bar, which encode
+//   smaller than the flight's; the counter MB gives the movie's size, since copying packets costs
+//   by the byte as well as by the packet and the piece.
 //
 // Drawing and encoding one frame with one rasteriser thread, apart, are bench_export's
 // BM_FlightExport/format:21 run with LP_NUM_THREADS=1. Times are wall-clock (the rasteriser and the
