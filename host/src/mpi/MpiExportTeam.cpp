@@ -57,6 +57,12 @@ MpiExportTeam::MpiExportTeam() : mpi_(std::make_unique<Mpi>()) {
 }
 
 MpiExportTeam::~MpiExportTeam() {
+    // A team left over when a program ends by an exception may outlive MPI; then there is nothing
+    // to free.
+    int finalized = 0;
+    MPI_Finalized(&finalized);
+    if (finalized)
+        return;
     if (mpi_->round != MPI_REQUEST_NULL)
         Mpi::wait(mpi_->round);
     MPI_Comm_free(&mpi_->comm);
