@@ -70,9 +70,17 @@ double timeJob(benchmark::State& state, int processes, bool exports) {
         "100000", writeMacro(scratch, exports)};
     if (processes == 0)
         return vexbench::timeProcess(state, VEXPLOT_PATH, vexplot);
-    std::vector<std::string> mpirun = {
-        "--oversubscribe",         "-x",         "LP_NUM_THREADS",   "-n",
-        std::to_string(processes), VEXPLOT_PATH, "--parallel-export"};
+    // Not bound to a core each, as Open MPI binds a job of one or two processes: a process's
+    // drawing, rasterising and encoding threads would then share one core.
+    std::vector<std::string> mpirun = {"--oversubscribe",
+                                       "--bind-to",
+                                       "none",
+                                       "-x",
+                                       "LP_NUM_THREADS",
+                                       "-n",
+                                       std::to_string(processes),
+                                       VEXPLOT_PATH,
+                                       "--parallel-export"};
     if (geteuid() == 0)
         mpirun.insert(mpirun.begin(), "--allow-run-as-root");
     mpirun.insert(mpirun.end(), vexplot.begin(), vexplot.end());
