@@ -12,15 +12,22 @@
 #include "UsageError.h"
 #include "vexhost/ExportTeam.h"
 #ifdef VEXPLOT_WITH_MPI
+#include <optional>
+
 #include "vexhost/MpiExportTeam.h"
 #include "vexhost/MpiSession.h"
-#else
-namespace vexhost {
-class MpiSession {};
-}  // namespace vexhost
 #endif
 
 namespace {
+
+#ifdef VEXPLOT_WITH_MPI
+// The MPI job this process is one of (--parallel-export): MPI running, and the job's processes as
+// the export team, which goes before MPI does.
+struct Job {
+    vexhost::MpiSession mpi;
+    std::shared_ptr<vexhost::ExportTeam> team = std::make_shared<vexhost::MpiExportTeam>();
+};
+#endif
 
 // The program's own file, to find the add-on built with it whatever the working directory.
 std::string programPath(const char* argv0) {
@@ -47,20 +54,21 @@ int main(int argc, char** argv) {
         return 0;
     }
     try {
-        // MPI runs for the whole run; the team goes before it (declared after it).
-        std::unique_ptr<vexhost::MpiSession> mpi;
-        std::shared_ptr<vexhost::ExportTeam> team;
-        if (options.parallelExport) {
 #ifdef VEXPLOT_WITH_MPI
-            mpi = std::make_unique<vexhost::MpiSession>();
-            team = std::make_shared<vexhost::MpiExportTeam>();
+        // Declared first, so that the run and its hold on the team go before MPI does.
+        std::optional<Job> job;
+        if (options.parallelExport)
+            job.emplace();
+        const std::shared_ptr<vexhost::ExportTeam> team = job ? job->team : nullptr;
 #else
+        if (options.parallelExport) {
             std::cerr << "vexplot: --parallel-export needs MPI, and this vexplot was built without "
                          "it (libopenmpi-dev)"
                       << std::endl;
             return 2;
-#endif
         }
+        const std::shared_ptr<vexhost::ExportTeam> team;
+#endif
         vexplot::app::BatchRun run(options, programPath(argv[0]), std::cout, std::cerr, team);
         return run.run();
     } catch (const std::exception& error) {

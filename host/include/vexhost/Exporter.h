@@ -53,7 +53,6 @@
 namespace vexhost {
 
 class Drawing;
-class ExportTeam;
 class FrameStack;
 class FrameTrace;
 class HostErrors;
