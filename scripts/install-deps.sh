@@ -32,6 +32,10 @@ packages=(
     ffmpeg
     # The studio's browser tests drive Debian's Chromium (tests/web)
     chromium
+    # vexplot --parallel-export (docs/parallel-export.md): Open MPI's library and headers for
+    # libvexmpi, and mpirun for the tests and benchmarks that start jobs; vexplot builds without
+    # the option where they are missing
+    libopenmpi-dev openmpi-bin
 )
 case "${1:-}" in
     --demo) packages=("${demo_packages[@]}"); demo=true ;;

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "LazyRenderer.h"
 #include "RunScene.h"
@@ -20,6 +21,7 @@
 #include "vexhost/IdleQueue.h"
 #include "vexhost/MacroFileRunner.h"
 #include "vexhost/MacroRecorder.h"
+#include "vexhost/MoviePieces.h"
 #include "vexhost/MovieWriterFactory.h"
 #include "vexhost/ProgressStatus.h"
 #include "vexhost/Studio.h"
@@ -28,11 +30,14 @@
 namespace vexplot {
 namespace app {
 
-BatchRun::BatchRun(const RunOptions& options, const std::string& programPath, std::ostream& err)
+BatchRun::BatchRun(const RunOptions& options, const std::string& programPath, std::ostream& out,
+                   std::ostream& err, std::shared_ptr<vexhost::ExportTeam> team)
     : options_(options),
       programPath_(programPath),
       host_(vexhost::Host::instance()),
-      reporter_(host_, err) {}
+      team_(std::move(team)),
+      out_(speaks() ? out : quiet_),
+      reporter_(host_, speaks() ? err : quiet_) {}
 
 std::string BatchRun::programPath(const char* argv0) {
     std::error_code error;
@@ -46,18 +51,38 @@ std::string BatchRun::defaultAddOnPath(const std::string& programPath) {
 }
 
 int BatchRun::run() {
-    bool ok = setUp() && runMacroFiles();
+    bool ok = teamAgrees(setUp()) && runMacroFiles();
     if (ok && options_.serve)
         ok = serve();
     // The end of a run happens also after a failure: the add-on hears the shutdown and the trace
     // gets its exit line.
     ok = finish() && ok;
     ok = writeRecordedMacro() && ok;
+    if (team_ != nullptr) {
+        // The add-on does not fail its line for a movie that could not be finished; a job of many
+        // processes has only its exit status to say so.
+        ok = ok && host_.exporter().counts().failedFinishes == 0;
+        // The team goes with MPI, before the host does.
+        host_.exporter().setTeam(nullptr);
+    }
     return ok ? 0 : 1;
 }
 
+bool BatchRun::teamAgrees(bool ok) {
+    if (team_ == nullptr)
+        return ok;
+    const vexhost::ExportTeam::Verdict verdict =
+        team_->agree({false, ok ? std::string() : reporter_.lastProblem()});
+    // The member that failed has told its own problem already.
+    if (ok && !verdict.failure.empty())
+        reporter_.showLine(verdict.failure);
+    return verdict.ok();
+}
+
 bool BatchRun::setUp() {
-    if (!options_.tracePath.empty()) {
+    if (team_ != nullptr)
+        host_.exporter().setTeam(team_);
+    if (!options_.tracePath.empty() && speaks()) {
         try {
             host_.trace().open(options_.tracePath);
         } catch (const std::exception& error) {
@@ -70,12 +95,13 @@ bool BatchRun::setUp() {
     host_.drawing().setRenderer(
         std::make_unique<LazyRenderer>([] { return vexhost::EglRenderer::create(); }));
     host_.exporter().setMovieWriterFactory(&vexhost::createMovieWriter);
+    host_.exporter().setMovieJoiner(&vexhost::joinMoviePieces);
     host_.macro().setRecording(!options_.recordPath.empty());
     for (bool answer : options_.answers)
         host_.userDialogs().queueAnswer(answer);
     for (const std::string& name : options_.fileNames)
         host_.userDialogs().queueFileName(name);
-    if (options_.stopAt > 0)
+    if (options_.stopAt > 0 && speaks())
         host_.progress().pressStopAt(options_.stopAt);
 
     const std::string addOnPath =
@@ -105,7 +131,7 @@ vexhost::MacroFileRunner& BatchRun::runner() {
     user_ = std::make_unique<vexhost::GuiUser>(host_);
     runner_ = std::make_unique<vexhost::MacroFileRunner>(host_);
     // $!UI DUMP is what a run prints on stdout.
-    vexhost::GuiScript::install(*runner_, *user_, host_.guiModel(), std::cout);
+    vexhost::GuiScript::install(*runner_, *user_, host_.guiModel(), out_);
     SnapshotCommand::install(*runner_, host_);
     runner_->setKeepGoing(options_.keepGoing);
     runner_->setFailureSink([this](const vexhost::MacroFileRunner::Failure& failure) {
@@ -166,7 +192,7 @@ bool BatchRun::serve() {
         reporter_.showProblem(std::string("the studio cannot start: ") + error.what());
         return false;
     }
-    std::cout << "vexplot: the studio is at " << studio->url() << std::endl;
+    out_ << "vexplot: the studio is at " << studio->url() << std::endl;
     studio->run();
     return checkHostErrors("in the studio");
 }
@@ -187,7 +213,7 @@ bool BatchRun::finish() {
 }
 
 bool BatchRun::writeRecordedMacro() {
-    if (options_.recordPath.empty())
+    if (options_.recordPath.empty() || !speaks())
         return true;
     std::ofstream out(options_.recordPath, std::ios::binary | std::ios::trunc);
     for (const std::string& line : host_.macro().lines())

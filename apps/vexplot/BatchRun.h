@@ -11,7 +11,13 @@
 //  5. the idle queue run, the shutting-down state change sent (15), the trace's exit line written;
 //  6. the recorded macro lines written (--record), also when the run failed.
 // Exit status: 0 when every step worked, 1 otherwise. Everything the user should read goes to the
-// error stream given.
+// error stream given, and $!UI DUMP to the output stream given.
+//
+// With an export team (--parallel-export, docs/parallel-export.md) every process of the team runs
+// the same steps and exports together (Exporter::setTeam); member 0 alone prints, writes the trace
+// and the recorded macro, and has the Stop press of --stop-at, as it stands for the whole job. The
+// members agree after setting up, so that one that could not set up ends the run on all (the one
+// with the message of the first that failed), and an export that wrote no movie fails the run.
 #ifndef VEXPLOT_APP_BATCHRUN_H
 #define VEXPLOT_APP_BATCHRUN_H
 
@@ -22,6 +28,7 @@
 #include "ConsoleReporter.h"
 #include "RunOptions.h"
 #include "vexhost/AddOnLibrary.h"
+#include "vexhost/ExportTeam.h"
 #include "vexhost/GuiUser.h"
 #include "vexhost/Host.h"
 #include "vexhost/MacroFileRunner.h"
@@ -31,8 +38,10 @@ namespace app {
 
 class BatchRun {
 public:
-    // programPath: where the vexplot program is, to find the add-on built with it.
-    BatchRun(const RunOptions& options, const std::string& programPath, std::ostream& err);
+    // programPath: where the vexplot program is, to find the add-on built with it. team: null
+    // for a run of its own.
+    BatchRun(const RunOptions& options, const std::string& programPath, std::ostream& out,
+             std::ostream& err, std::shared_ptr<vexhost::ExportTeam> team = nullptr);
     BatchRun(const BatchRun&) = delete;
     BatchRun& operator=(const BatchRun&) = delete;
 
@@ -48,6 +57,10 @@ public:
 
 private:
     bool setUp();
+    // Whether every member of the team (if any) is well; a member that is not brings its last
+    // problem, which the others show.
+    bool teamAgrees(bool ok);
+    bool speaks() const { return team_ == nullptr || team_->member() == 0; }
     bool runMacroFiles();
     bool serve();
     // The macro player of this run, made on first use.
@@ -60,6 +73,9 @@ private:
     const RunOptions& options_;
     std::string programPath_;
     vexhost::Host& host_;
+    std::shared_ptr<vexhost::ExportTeam> team_;
+    std::ostream quiet_{nullptr};  // where a member that does not speak writes: nowhere
+    std::ostream& out_;
     ConsoleReporter reporter_;
     std::unique_ptr<vexhost::GuiUser> user_;
     std::unique_ptr<vexhost::MacroFileRunner> runner_;

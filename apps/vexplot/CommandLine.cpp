@@ -238,7 +238,8 @@ void checkDataOptions(const RunOptions& options) {
 RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
     RunOptions options;
     const auto kind = [](const std::string& option) -> std::optional<bool> {
-        if (option == "--help" || option == "-h" || option == "--keep-going")
+        if (option == "--help" || option == "-h" || option == "--keep-going" ||
+            option == "--parallel-export")
             return false;
         if (takesValue(option))
             return true;
@@ -249,6 +250,8 @@ RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
         [&options](const std::string& option, const std::string& value) {
             if (option == "--keep-going")
                 options.keepGoing = true;
+            else if (option == "--parallel-export")
+                options.parallelExport = true;
             else if (option == "--help" || option == "-h")
                 options.help = true;
             else
@@ -256,6 +259,9 @@ RunOptions CommandLine::parse(const std::vector<std::string>& arguments) {
         },
         [&options](const std::string& argument) { options.macroFiles.push_back(argument); });
     checkDataOptions(options);
+    // The studio answers one person's browser: a job of many processes has nobody to serve.
+    if (options.serve && options.parallelExport)
+        throw UsageError("--parallel-export cannot be used with --serve");
     if (!options.serve && (!options.roots.empty() || !options.webDirectory.empty()))
         throw UsageError(std::string(options.roots.empty() ? "--web" : "--root") +
                          " needs --serve");
@@ -297,6 +303,10 @@ const char* CommandLine::usage() {
            "                     left, a file dialog is cancelled)\n"
            "  --stop-at N        press Stop at the N-th progress check\n"
            "  --keep-going       report a failing line and go on with the next one\n"
+           "  --parallel-export  make movies with every process of the MPI job this vexplot is\n"
+           "                     one of (mpirun -n P vexplot --parallel-export ...): each draws\n"
+           "                     a share of the frames, the first joins them; only the first\n"
+           "                     prints (docs/parallel-export.md)\n"
            "  --size WxH         the frame's size in pixels (default 800x600)\n"
            "  --serve [HOST:]PORT\n"
            "                     after the macro files, serve the studio, the host in a web\n"

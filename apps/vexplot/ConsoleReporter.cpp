@@ -32,7 +32,12 @@ void ConsoleReporter::showFailure(const vexhost::MacroFileRunner::Failure& failu
 }
 
 void ConsoleReporter::showProblem(const std::string& text) {
+    lastProblem_ = text;
     out_ << "vexplot: " << text << std::endl;
+}
+
+void ConsoleReporter::showLine(const std::string& text) {
+    out_ << text << std::endl;
 }
 
 void ConsoleReporter::showDialog(UserDialogs::Kind kind, const std::string& text) {

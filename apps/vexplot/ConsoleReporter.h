@@ -32,6 +32,10 @@ public:
     void showFailure(const vexhost::MacroFileRunner::Failure& failure);
     // A problem of the run itself, prefixed "vexplot: ".
     void showProblem(const std::string& text);
+    // The text of the last problem shown; empty before the first.
+    const std::string& lastProblem() const { return lastProblem_; }
+    // A line as it stands (a team's verdict, which says whose it is).
+    void showLine(const std::string& text);
 
 private:
     void showDialog(vexhost::UserDialogs::Kind kind, const std::string& text);
@@ -41,6 +45,7 @@ private:
     std::ostream& out_;
     std::string shownText_;  // the progress line shown last
     int32_t shownPercent_ = -1;
+    std::string lastProblem_;
 };
 
 }  // namespace app

@@ -28,6 +28,8 @@ struct RunOptions {
     std::vector<std::string> fileNames;  // file dialog answers, in the order given
     uint64_t stopAt = 0;                 // press Stop at this progress check; 0: never
     bool keepGoing = false;
+    // --parallel-export: movies made by every process of the MPI job (docs/parallel-export.md).
+    bool parallelExport = false;
     int width = 800;  // the frame's size in pixels
     int height = 600;
     // --serve: after the macro files, serve the studio (docs/studio.md) until interrupted.

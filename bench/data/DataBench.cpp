@@ -16,10 +16,6 @@
 // times are wall-clock, and each counter is the fastest iteration's (the least disturbed on a
 // shared machine).
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -34,6 +30,7 @@
 
 #include "data/SampleData.h"
 #include "support/KeyFrameData.h"
+#include "support/ProcessTiming.h"
 #include "support/RenderingBenchMain.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/DataFileLoader.h"
@@ -70,50 +67,9 @@ const std::string& terrainFile(int millions) {
     return written.emplace(millions, path).first->second;
 }
 
-struct ProcessRun {
-    bool ok = false;
-    double seconds = 0;
-    double peakMegabytes = 0;
-};
-
-ProcessRun runVexplot(const std::vector<std::string>& arguments) {
-    std::vector<const char*> argv = {"vexplot"};
-    for (const std::string& argument : arguments)
-        argv.push_back(argument.c_str());
-    argv.push_back(nullptr);
-    const Clock::time_point start = Clock::now();
-    const pid_t child = fork();
-    if (child == 0) {
-        const int devNull = ::open("/dev/null", O_WRONLY);
-        dup2(devNull, STDERR_FILENO);
-        execv(VEXPLOT_PATH, const_cast<char* const*>(argv.data()));
-        _exit(127);
-    }
-    int status = 0;
-    rusage usage{};
-    ProcessRun run;
-    run.ok = child > 0 && wait4(child, &status, 0, &usage) == child && WIFEXITED(status) &&
-             WEXITSTATUS(status) == 0;
-    run.seconds = secondsSince(start);
-    run.peakMegabytes = usage.ru_maxrss / 1024.0;
-    return run;
-}
-
-// Iterations of vexplot with these arguments: the fastest run and the largest peak memory.
+// vexplot with these arguments, timed from start to exit.
 void timeVexplot(benchmark::State& state, const std::vector<std::string>& arguments) {
-    double fastest = 1e9, peak = 0;
-    for (auto _ : state) {
-        const ProcessRun run = runVexplot(arguments);
-        if (!run.ok) {
-            state.SkipWithError("vexplot failed");
-            break;
-        }
-        fastest = std::min(fastest, run.seconds);
-        peak = std::max(peak, run.peakMegabytes);
-        state.SetIterationTime(run.seconds);
-    }
-    state.counters["fastest_s"] = fastest;
-    state.counters["peak_MB"] = peak;
+    vexbench::timeProcess(state, VEXPLOT_PATH, arguments);
 }
 
 // The host as vexplot sets it up over the file: one frame of kWidth x kHeight, the file loaded and

@@ -16,10 +16,6 @@
 // ever makes a part slower: each counter is taken from the fastest of the iterations of that part
 // (the least disturbed), and the benchmark's own time is the mean, as usual.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -32,6 +28,7 @@
 #include <vector>
 
 #include "DemoScene.h"
+#include "support/ProcessTiming.h"
 #include "support/RenderingBenchMain.h"
 #include "support/TemporaryDirectory.h"
 #include "vexhost/AddOnLibrary.h"
@@ -209,33 +206,8 @@ void BM_VexplotProcess(benchmark::State& state) {
     }
     const std::string size = std::to_string(kWidth) + "x" + std::to_string(kHeight);
     const std::string triangles = std::to_string(kTriangles);
-    double peakMegabytes = 0;
-    double fastest = 1e9;
-    for (auto _ : state) {
-        const Clock::time_point start = Clock::now();
-        const pid_t child = fork();
-        if (child == 0) {
-            // Quiet: the progress lines of a run would only slow the terminal down.
-            const int devNull = ::open("/dev/null", O_WRONLY);
-            dup2(devNull, STDERR_FILENO);
-            execl(VEXPLOT_PATH, "vexplot", "--size", size.c_str(), "--demo-triangles",
-                  triangles.c_str(), macro.c_str(), static_cast<char*>(nullptr));
-            _exit(127);
-        }
-        int status = 0;
-        rusage usage{};
-        if (child < 0 || wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) ||
-            WEXITSTATUS(status) != 0) {
-            state.SkipWithError("vexplot failed");
-            break;
-        }
-        const double seconds = secondsSince(start);
-        state.SetIterationTime(seconds);
-        fastest = std::min(fastest, seconds);
-        peakMegabytes = std::max(peakMegabytes, usage.ru_maxrss / 1024.0);
-    }
-    state.counters["fastest_s"] = fastest;
-    state.counters["peak_MB"] = peakMegabytes;
+    vexbench::timeProcess(state, VEXPLOT_PATH,
+                          {"--size", size, "--demo-triangles", triangles, macro});
 }
 BENCHMARK(BM_VexplotProcess)
     ->ArgName("format")

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -36,6 +37,21 @@ std::string VexplotProcess::readFile(const std::string& name) const {
 
 bool VexplotProcess::exists(const std::string& name) const {
     return std::filesystem::exists(directory_ + "/" + name);
+}
+
+std::vector<std::string> VexplotProcess::files() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(directory_)) {
+        const std::string name = entry.path().filename().string();
+        if (name != ".stdout" && name != ".stderr")
+            names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string VexplotProcess::vexplotPath() {
+    return VEXPLOT_PATH;
 }
 
 VexplotProcess::Result VexplotProcess::run(const std::vector<std::string>& arguments,

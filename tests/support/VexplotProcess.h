@@ -25,15 +25,20 @@ public:
     // The content of a file of the scratch directory ("" when there is none).
     std::string readFile(const std::string& name) const;
     bool exists(const std::string& name) const;
+    // The names of the files in the scratch directory, sorted, without the program's captured
+    // output.
+    std::vector<std::string> files() const;
 
     // Runs vexplot with these arguments (not the program name) and waits for it; in the scratch
     // directory unless another working directory is given.
     Result run(const std::vector<std::string>& arguments,
                const std::string& workingDirectory = "") const;
     // Runs another built program the same way, in the same scratch directory: the programs that
-    // make files for vexplot to run (vexpath).
+    // make files for vexplot to run (vexpath), or start it (mpirun).
     Result runProgram(const std::string& program, const std::vector<std::string>& arguments,
                       const std::string& workingDirectory = "") const;
+    // The built vexplot.
+    static std::string vexplotPath();
     // Writes the macro as m.mcr and runs vexplot with the options and m.mcr.
     Result runMacro(const std::string& macro, std::vector<std::string> options = {}) const;
 

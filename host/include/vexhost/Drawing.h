@@ -55,6 +55,10 @@ public:
     const Image& lastPicture();
     // The current scene as the renderer draws it at this size. Throws what the renderer throws.
     Image picture(int width, int height, int supersample);
+    // The scene a picture taken now would show, kept to be drawn later by the overload below.
+    SceneState scene() const;
+    // A kept scene as the renderer draws it at this size. Throws what the renderer throws.
+    Image picture(const SceneState& scene, int width, int height, int supersample);
 
     // A frame's size in pixels (the screen's pixels per inch), each side at least 1.
     static std::pair<int, int> pixelSize(const Frame& frame);
@@ -70,8 +74,6 @@ public:
     void reset();
 
 private:
-    Image render(const SceneState& scene, int width, int height, int supersample);
-
     HostErrors& errors_;
     const FrameStack& frames_;
     FrameTrace& trace_;

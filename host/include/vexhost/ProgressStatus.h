@@ -6,6 +6,11 @@
 // later check of the same status answer false; a new status starts unstopped. Every text shown and
 // every percentage checked is kept for tests, and each event goes to the sink (vexplot prints
 // them).
+//
+// A stop agreement (set by an export team, Exporter::setTeam) makes each check's answer the
+// team's: the check hands it whether Stop is pressed here and takes back whether it is pressed
+// anywhere, so every process of the team sees the same answers. The host's own checks
+// (checkHere) answer for this process alone.
 #ifndef VEXHOST_PROGRESSSTATUS_H
 #define VEXHOST_PROGRESSSTATUS_H
 
@@ -27,6 +32,8 @@ public:
         int32_t percent;          // the checked percentage; -1 for the other kinds
     };
     using Sink = std::function<void(const Event&)>;
+    // Takes whether Stop is pressed here; answers whether it is pressed anywhere.
+    using StopAgreement = std::function<bool(bool stopPressedHere)>;
 
     explicit ProgressStatus(HostErrors& errors) : errors_(errors) {}
     ProgressStatus(const ProgressStatus&) = delete;
@@ -50,6 +57,12 @@ public:
     uint64_t finishCount() const { return finishes_; }
 
     void setSink(Sink sink) { sink_ = std::move(sink); }
+    // Empty: each check answers for this process alone.
+    void setStopAgreement(StopAgreement agreement) { stopAgreement_ = std::move(agreement); }
+
+    // A check of the host's own work (a percentage of it, Stop as above), without the stop
+    // agreement: for work whose Stop reaches the other processes by other means.
+    bool checkHere(int32_t percent);
 
     // ---- SDK side ----
     void start(const char* text, bool showStopButton, bool showProgressBar);
@@ -57,7 +70,7 @@ public:
     bool check(int32_t percent);
     void finish();
 
-    // Closed, unarmed, nothing kept, no sink.
+    // Closed, unarmed, nothing kept, no sink, no stop agreement.
     void reset();
 
 private:
@@ -75,6 +88,7 @@ private:
     uint64_t starts_ = 0;
     uint64_t finishes_ = 0;
     Sink sink_;
+    StopAgreement stopAgreement_;
 };
 
 }  // namespace vexhost

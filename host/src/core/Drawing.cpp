@@ -27,14 +27,18 @@ void Drawing::setRenderer(std::unique_ptr<Renderer> renderer) {
     renderer_ = renderer != nullptr ? std::move(renderer) : std::make_unique<NullRenderer>();
 }
 
-Image Drawing::render(const SceneState& scene, int width, int height, int supersample) {
+Image Drawing::picture(const SceneState& scene, int width, int height, int supersample) {
     Image image = renderer_->render(scene, width, height, supersample);
     ++renderedPictures_;
     return image;
 }
 
+SceneState Drawing::scene() const {
+    return sceneSource_.scene(true);
+}
+
 Image Drawing::picture(int width, int height, int supersample) {
-    return render(sceneSource_.scene(true), width, height, supersample);
+    return picture(scene(), width, height, supersample);
 }
 
 const Image& Drawing::lastPicture() {
@@ -43,7 +47,7 @@ const Image& Drawing::lastPicture() {
         const PendingRedraw redraw = std::move(*pending_);
         pending_.reset();
         try {
-            lastPicture_ = render(redraw.scene, redraw.width, redraw.height, 1);
+            lastPicture_ = picture(redraw.scene, redraw.width, redraw.height, 1);
         } catch (const std::exception& error) {
             // Nothing may escape into the add-on through the C interface, and the picture is asked
             // for on its behalf.
@@ -79,7 +83,7 @@ bool Drawing::redraw() {
     ++drawnFrames_;
     trace_.writeEvent("redraw");
     const std::pair<int, int> size = pixelSize(*frame);
-    pending_ = PendingRedraw{sceneSource_.scene(true), size.first, size.second};
+    pending_ = PendingRedraw{scene(), size.first, size.second};
     return true;
 }
 

@@ -3,17 +3,23 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <filesystem>
+#include <optional>
 #include <stdexcept>
+#include <system_error>
 #include <variant>
 
 #include "core/ExportSetupAttribute.h"
 #include "core/NullMovieWriter.h"
 #include "vexhost/Drawing.h"
+#include "vexhost/FrameRange.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/FrameTrace.h"
 #include "vexhost/Host.h"
 #include "vexhost/HostErrors.h"
+#include "vexhost/MoviePieces.h"
 #include "vexhost/MovieWriterFactory.h"
+#include "vexhost/ProgressStatus.h"
 #include "vexhost/StyleStore.h"
 #include "vexhost/UserDialogs.h"
 
@@ -35,16 +41,23 @@ void readInto(const StyleStore& style, const StyleStore::Path& path, std::string
     field = style.getString(path);
 }
 
+// A failure as a team's member tells it: its message, which may not be empty, as an empty one
+// means that all went well.
+std::string failureOf(const std::exception& error) {
+    return *error.what() != '\0' ? error.what() : "an unexplained failure";
+}
+
 }  // namespace
 
 Exporter::Exporter(StyleStore& style, FrameStack& frames, Drawing& drawing, HostErrors& errors,
-                   UserDialogs& dialogs, FrameTrace& trace)
+                   UserDialogs& dialogs, FrameTrace& trace, ProgressStatus& progress)
     : style_(style),
       frames_(frames),
       drawing_(drawing),
       errors_(errors),
       dialogs_(dialogs),
-      trace_(trace) {}
+      trace_(trace),
+      progress_(progress) {}
 
 Exporter::~Exporter() {
     abandonWriter();
@@ -99,6 +112,22 @@ void Exporter::setMovieWriterFactory(MovieWriterFactory factory) {
     factory_ = std::move(factory);
 }
 
+void Exporter::setMovieJoiner(MovieJoiner joiner) {
+    joiner_ = std::move(joiner);
+}
+
+void Exporter::setTeam(std::shared_ptr<ExportTeam> team) {
+    if (recording_)
+        throw std::logic_error("Exporter::setTeam(): an export is being recorded");
+    team_ = std::move(team);
+    ProgressStatus::StopAgreement agreement;
+    if (team_ != nullptr)
+        agreement = [team = team_.get()](bool stopPressedHere) {
+            return team->agreeOnStop(stopPressedHere);
+        };
+    progress_.setStopAgreement(std::move(agreement));
+}
+
 std::vector<std::string> Exporter::takeLog() {
     std::vector<std::string> taken;
     taken.swap(log_);
@@ -150,20 +179,37 @@ bool Exporter::start() {
     supersample_ = s.useSuperSampling ? s.superSampleFactor : 1;
     // The start takes the first frame: a movie that cannot be opened or a first picture that cannot
     // be drawn or encoded refuses the start, with an error dialog that names the cause, as the
-    // application tells the user why an export did not begin.
+    // application tells the user why an export did not begin. In a team, member 0 takes it (the
+    // first frame is always in its range); the other members' pieces begin later.
+    std::optional<std::string> failure;
     try {
         writer_ = factory_ ? factory_(s) : std::make_unique<NullMovieWriter>();
         if (writer_ == nullptr)
             throw std::runtime_error("There is no movie writer for the export format " +
                                      std::to_string(s.format));
-        writer_->open(s, width_, height_);
-        addPicture();
+        writer_->open(pieceSettings(s), width_, height_);
+        if (team_ == nullptr) {
+            addPicture();
+        } else {
+            scenes_.assign(1, drawing_.scene());
+            if (team_->member() == 0)
+                writer_->addFrame(drawing_.picture(scenes_.front(), width_, height_, supersample_));
+        }
     } catch (const std::exception& error) {
+        failure = team_ != nullptr ? failureOf(error) : error.what();
+    }
+    if (team_ != nullptr) {
+        const std::string agreed = team_->agree({false, failure.value_or("")}).failure;
+        failure = agreed.empty() ? std::nullopt : std::optional<std::string>(agreed);
+    }
+    if (failure) {
         abandonWriter();
-        dialogs_.showError(error.what());
+        scenes_.clear();
+        dialogs_.showError(failure->c_str());
         log_.push_back("Export not started: the error shown says why.");
         return false;
     }
+    teamSettings_ = s;
     recording_ = true;
     frameCount_ = 1;
     ++counts_.frames;
@@ -181,6 +227,13 @@ bool Exporter::nextFrame() {
         return false;
     }
     trace_.writeEvent("export-frame");
+    if (team_ != nullptr) {
+        // Drawn at the finish, by the member whose range it falls in.
+        ++frameCount_;
+        ++counts_.frames;
+        scenes_.push_back(drawing_.scene());
+        return true;
+    }
     return takePicture();
 }
 
@@ -191,15 +244,19 @@ bool Exporter::finish() {
     }
     trace_.writeEvent("export-finish");
     recording_ = false;
+    if (team_ != nullptr)
+        return finishTogether();
     if (writer_ == nullptr) {
         log_.push_back("Export failed after " + std::to_string(frameCount_) +
                        " frames; no movie written.");
+        ++counts_.failedFinishes;
         return false;
     }
     try {
         writer_->finish();
     } catch (const std::exception& error) {
         writerFailed("finishing the movie", error);
+        ++counts_.failedFinishes;
         return false;
     }
     log_.push_back(writer_->summary());
@@ -216,16 +273,138 @@ bool Exporter::cancel() {
     trace_.writeEvent("export-cancel");
     recording_ = false;
     ++counts_.cancels;
+    // Every member of a team cancels here: each has seen the same Stop at the same check.
+    scenes_.clear();
     if (writer_ != nullptr) {
         try {
             writer_->cancel();
-            log_.push_back(writer_->summary());
+            // A piece's writer would tell of the piece; the user asked for the movie.
+            log_.push_back(team_ == nullptr || team_->size() == 1
+                               ? writer_->summary()
+                               : "Export canceled: no movie was written to \"" +
+                                     teamSettings_.fileName + "\".");
         } catch (const std::exception& error) {
             log_.push_back(std::string("Export cancel failed: ") + error.what());
         }
         writer_.reset();
     }
     return true;
+}
+
+ExportSettings Exporter::pieceSettings(const ExportSettings& settings) const {
+    ExportSettings piece = settings;
+    if (team_ != nullptr && team_->size() > 1)
+        piece.fileName = moviePieceName(settings.fileName, team_->member());
+    return piece;
+}
+
+bool Exporter::finishTogether() {
+    const int member = team_->member();
+    const int members = team_->size();
+    const FrameRange range = FrameRange::of(frameCount_, members, member);
+    bool gaveUp = false;
+    ExportTeam::Outcome outcome = drawPiece(range, gaveUp);
+    scenes_ = std::vector<SceneState>();
+    std::string summary;
+    if (outcome.failure.empty() && !outcome.stopped && !gaveUp) {
+        try {
+            // A member without frames (fewer frames than members) has no piece.
+            if (range.empty())
+                writer_->cancel();
+            else
+                writer_->finish();
+            summary = writer_->summary();
+        } catch (const std::exception& error) {
+            outcome.failure = failureOf(error);
+        }
+    }
+    if (!outcome.failure.empty() || outcome.stopped || gaveUp)
+        abandonWriter();
+    writer_.reset();
+
+    ExportTeam::Verdict verdict = team_->agree(outcome);
+    if (members > 1) {
+        if (verdict.ok()) {
+            std::string joinFailure;
+            if (member == 0) {
+                std::vector<std::string> pieces;
+                for (int m = 0; m < members; ++m) {
+                    if (!FrameRange::of(frameCount_, members, m).empty())
+                        pieces.push_back(moviePieceName(teamSettings_.fileName, m));
+                }
+                try {
+                    summary = joiner_ ? joiner_(teamSettings_, pieces, width_, height_)
+                                      : NullMovieWriter::joinNothing(teamSettings_, pieces.size());
+                } catch (const std::exception& error) {
+                    joinFailure = failureOf(error);
+                }
+            }
+            verdict = team_->agree({false, joinFailure});
+        }
+        // Written or not, joined or not, the piece has served.
+        std::error_code ignored;
+        std::filesystem::remove(moviePieceName(teamSettings_.fileName, member), ignored);
+    }
+    if (!verdict.ok()) {
+        if (!verdict.failure.empty())
+            dialogs_.showError(verdict.failure.c_str());
+        log_.push_back(verdict.failure.empty()
+                           ? "Export stopped while drawing the frames; no movie written."
+                           : "Export failed: the error shown says why; no movie written.");
+        ++counts_.failedFinishes;
+        return false;
+    }
+    log_.push_back(summary);
+    ++counts_.finishes;
+    return true;
+}
+
+ExportTeam::Outcome Exporter::drawPiece(const FrameRange& range, bool& gaveUp) {
+    ExportTeam::Outcome outcome;
+    ExportTeam::Report mine;
+    // Member 0's writer took the first frame at the start.
+    uint64_t next = range.first + (team_->member() == 0 && !range.empty() ? 1 : 0);
+    mine.framesDone = next - range.first;
+    const uint64_t frames = frameCount_;
+    // The add-on's own status has ended by now; another's stays as it is, without this progress.
+    const bool showsProgress = !progress_.isOpen();
+    if (showsProgress)
+        progress_.start(("Exporting \"" + teamSettings_.fileName + "\": drawing " +
+                         std::to_string(frames) + " frames on " + std::to_string(team_->size()) +
+                         (team_->size() == 1 ? " process" : " processes"))
+                            .c_str(),
+                        true, true);
+    for (;;) {
+        if (!mine.done && next < range.end) {
+            try {
+                writer_->addFrame(drawing_.picture(scenes_[next], width_, height_, supersample_));
+                ++next;
+                ++mine.framesDone;
+            } catch (const std::exception& error) {
+                outcome.failure = failureOf(error);
+                mine.failed = true;
+            }
+        }
+        mine.done = mine.done || mine.failed || next >= range.end;
+        const std::optional<ExportTeam::Tally> tally =
+            mine.done ? std::optional<ExportTeam::Tally>(team_->await(mine)) : team_->offer(mine);
+        if (!tally)
+            continue;
+        if (showsProgress &&
+            !progress_.checkHere(static_cast<int32_t>(tally->framesDone * 100 / frames))) {
+            // Told to the others with the next tally, or with the agreement after the last one.
+            outcome.stopped = mine.stopped = mine.done = true;
+        }
+        if (tally->stopped || tally->failed) {
+            // The movie will not be made: drawing on, or finishing the piece, would waste time.
+            gaveUp = mine.done = true;
+        }
+        if (tally->allDone)
+            break;
+    }
+    if (showsProgress)
+        progress_.finish();
+    return outcome;
 }
 
 void Exporter::addPicture() {
@@ -269,6 +448,9 @@ void Exporter::abandonWriter() {
 void Exporter::reset() {
     abandonWriter();
     recording_ = false;
+    setTeam(nullptr);
+    scenes_.clear();
+    joiner_ = nullptr;
     refuseStart_ = false;
     frameCount_ = 0;
     counts_ = Counts();

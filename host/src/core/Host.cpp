@@ -49,7 +49,7 @@ Host::Host()
       macro_(std::make_unique<MacroRecorder>()),
       userDialogs_(std::make_unique<UserDialogs>(*errors_)),
       exporter_(std::make_unique<Exporter>(*style_, *frames_, *drawing_, *errors_, *userDialogs_,
-                                           *trace_)),
+                                           *trace_, *progress_)),
       guiModel_(std::make_unique<GuiModel>()) {}
 
 Host::~Host() = default;

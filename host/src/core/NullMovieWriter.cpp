@@ -17,4 +17,9 @@ std::string NullMovieWriter::summary() const {
            (finished_ ? "" : " so far") + ").";
 }
 
+std::string NullMovieWriter::joinNothing(const ExportSettings& settings, std::size_t pieces) {
+    return "No movie written to \"" + settings.fileName + "\": this host has no movie encoder (" +
+           std::to_string(pieces) + (pieces == 1 ? " piece" : " pieces") + " not joined).";
+}
+
 }  // namespace vexhost

@@ -2,6 +2,7 @@
 #ifndef VEXHOST_CORE_NULLMOVIEWRITER_H
 #define VEXHOST_CORE_NULLMOVIEWRITER_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -16,6 +17,10 @@ public:
     void finish() override { finished_ = true; }
     void cancel() override { canceled_ = true; }
     std::string summary() const override;
+
+    // The default movie joiner (Exporter::setMovieJoiner): joins nothing, as there are no pieces
+    // but what this writer wrote, and says so.
+    static std::string joinNothing(const ExportSettings& settings, std::size_t pieces);
 
 private:
     std::string fileName_;

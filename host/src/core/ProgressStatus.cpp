@@ -29,6 +29,15 @@ void ProgressStatus::setText(const char* text) {
 }
 
 bool ProgressStatus::check(int32_t percent) {
+    const bool answer = checkHere(percent);
+    // Without an open status every process of the team finds the same host error: nothing to agree.
+    if (!open_ || !stopAgreement_)
+        return answer;
+    stopPressed_ = stopAgreement_(stopPressed_);
+    return !stopPressed_;
+}
+
+bool ProgressStatus::checkHere(int32_t percent) {
     if (!open_) {
         errors_.record("VexUtilStatusCheckPercentDone", "no percent-done status is open");
         return true;
@@ -70,6 +79,7 @@ void ProgressStatus::reset() {
     percents_.clear();
     starts_ = finishes_ = 0;
     sink_ = nullptr;
+    stopAgreement_ = nullptr;
 }
 
 }  // namespace vexhost

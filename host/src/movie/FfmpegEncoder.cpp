@@ -1,50 +1,13 @@
 #include "movie/FfmpegEncoder.h"
 
-extern "C" {
-#include <libavutil/dict.h>
-}
-
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>
 
+#include "movie/FfmpegDictionary.h"
 #include "movie/FfmpegLog.h"
 
 namespace vexhost {
-namespace {
-
-// An option list as FFmpeg takes it; freed with the scope.
-class Dictionary {
-public:
-    explicit Dictionary(const MovieEncoding::Options& options) {
-        for (const auto& [key, value] : options) {
-            av_dict_set(&dictionary_, key.c_str(), value.c_str(), 0);
-        }
-    }
-    ~Dictionary() { av_dict_free(&dictionary_); }
-    Dictionary(const Dictionary&) = delete;
-    Dictionary& operator=(const Dictionary&) = delete;
-
-    AVDictionary** get() { return &dictionary_; }
-    // The first option nobody took, or empty: a misspelt option must not pass silently.
-    std::string leftOver() const {
-        const AVDictionaryEntry* entry =
-            av_dict_get(dictionary_, "", nullptr, AV_DICT_IGNORE_SUFFIX);
-        return entry != nullptr ? entry->key : "";
-    }
-
-private:
-    AVDictionary* dictionary_ = nullptr;  // owned
-};
-
-}  // namespace
-
-void FfmpegEncoder::FormatCloser::operator()(AVFormatContext* format) const {
-    if (!(format->oformat->flags & AVFMT_NOFILE)) {
-        avio_closep(&format->pb);
-    }
-    avformat_free_context(format);
-}
 
 void FfmpegEncoder::CodecCloser::operator()(AVCodecContext* codec) const {
     avcodec_free_context(&codec);
@@ -65,28 +28,17 @@ void FfmpegEncoder::ScalerCloser::operator()(SwsContext* scaler) const {
 FfmpegEncoder::FfmpegEncoder(const MovieEncoding& encoding, const std::string& path,
                              const std::string& displayName, int width, int height,
                              AVRational frameRate)
-    : displayName_(displayName),
-      description_(encoding.description),
-      width_(width),
-      height_(height) {
+    : width_(width), height_(height) {
     FfmpegLog::install();
     FfmpegLog::clear();
 
-    AVFormatContext* format = nullptr;
-    int error =
-        avformat_alloc_output_context2(&format, nullptr, encoding.container.c_str(), path.c_str());
-    if (error < 0 || format == nullptr) {
-        fail("has no container " + encoding.container, error);
-    }
-    format_.reset(format);
-
+    output_ = std::make_unique<MovieOutput>(encoding, path, displayName);
     const AVCodec* codec = avcodec_find_encoder_by_name(encoding.encoder.c_str());
     if (codec == nullptr) {
         fail("has no encoder " + encoding.encoder, AVERROR_ENCODER_NOT_FOUND);
     }
-    stream_ = avformat_new_stream(format_.get(), nullptr);
     codec_.reset(avcodec_alloc_context3(codec));
-    if (stream_ == nullptr || !codec_) {
+    if (!codec_) {
         fail("cannot be set up", AVERROR(ENOMEM));
     }
     codec_->width = encoding.evenSize ? (width + 1) / 2 * 2 : width;
@@ -107,11 +59,11 @@ FfmpegEncoder::FfmpegEncoder(const MovieEncoding& encoding, const std::string& p
         codec_->color_range = AVCOL_RANGE_MPEG;
         codec_->colorspace = AVCOL_SPC_SMPTE170M;
     }
-    if (format_->oformat->flags & AVFMT_GLOBALHEADER) {
+    if (output_->wantsGlobalHeader()) {
         codec_->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     }
-    Dictionary encoderOptions(encoding.encoderOptions);
-    error = avcodec_open2(codec_.get(), codec, encoderOptions.get());
+    FfmpegDictionary encoderOptions(encoding.encoderOptions);
+    int error = avcodec_open2(codec_.get(), codec, encoderOptions.get());
     if (error < 0) {
         fail("cannot be encoded", error);
     }
@@ -119,32 +71,13 @@ FfmpegEncoder::FfmpegEncoder(const MovieEncoding& encoding, const std::string& p
         throw std::logic_error("FfmpegEncoder::FfmpegEncoder(): encoder " + encoding.encoder +
                                " has no option " + encoderOptions.leftOver());
     }
-    error = avcodec_parameters_from_context(stream_->codecpar, codec_.get());
+    AVStream* stream = output_->stream();
+    error = avcodec_parameters_from_context(stream->codecpar, codec_.get());
     if (error < 0) {
         fail("cannot be set up", error);
     }
-    stream_->time_base = codec_->time_base;
-    stream_->avg_frame_rate = frameRate;
-    stream_->r_frame_rate = frameRate;
-
-    if (!(format_->oformat->flags & AVFMT_NOFILE)) {
-        error = avio_open(&format_->pb, path.c_str(), AVIO_FLAG_WRITE);
-        if (error < 0) {
-            char text[AV_ERROR_MAX_STRING_SIZE] = {};
-            av_strerror(error, text, sizeof text);
-            throw std::runtime_error("Cannot write the movie file \"" + displayName_ +
-                                     "\": " + text);
-        }
-    }
-    Dictionary muxerOptions(encoding.muxerOptions);
-    error = avformat_write_header(format_.get(), muxerOptions.get());
-    if (error < 0) {
-        fail("cannot be written", error);
-    }
-    if (!muxerOptions.leftOver().empty()) {
-        throw std::logic_error("FfmpegEncoder::FfmpegEncoder(): container " + encoding.container +
-                               " has no option " + muxerOptions.leftOver());
-    }
+    stream->time_base = codec_->time_base;
+    output_->start(frameRate, encoding.muxerOptions);
 
     frame_.reset(av_frame_alloc());
     packet_.reset(av_packet_alloc());
@@ -213,13 +146,7 @@ void FfmpegEncoder::write(const Image& frame) {
 void FfmpegEncoder::finish() {
     FfmpegLog::clear();
     encode(nullptr);
-    const int error = av_write_trailer(format_.get());
-    if (error < 0) {
-        fail("cannot be completed", error);
-    }
-    if (!(format_->oformat->flags & AVFMT_NOFILE)) {
-        avio_closep(&format_->pb);
-    }
+    output_->finish();
 }
 
 void FfmpegEncoder::encode(const AVFrame* frame) {
@@ -235,22 +162,14 @@ void FfmpegEncoder::encode(const AVFrame* frame) {
         if (error < 0) {
             fail("cannot be encoded", error);
         }
-        av_packet_rescale_ts(packet_.get(), codec_->time_base, stream_->time_base);
-        packet_->stream_index = stream_->index;
+        av_packet_rescale_ts(packet_.get(), codec_->time_base, output_->stream()->time_base);
         // Takes the packet's data and leaves it empty for the next one.
-        error = av_interleaved_write_frame(format_.get(), packet_.get());
-        if (error < 0) {
-            fail("cannot be written", error);
-        }
+        output_->write(packet_.get());
     }
 }
 
 void FfmpegEncoder::fail(const std::string& what, int errorCode) const {
-    std::string subject = "The movie \"" + displayName_ + "\"";
-    if (!description_.empty()) {
-        subject += " (" + description_ + ")";
-    }
-    throw std::runtime_error(subject + " " + what + ": " + FfmpegLog::describe(errorCode));
+    output_->fail(what, errorCode);
 }
 
 }  // namespace vexhost

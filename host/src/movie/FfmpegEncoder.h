@@ -6,7 +6,6 @@
 
 extern "C" {
 #include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
 #include <libswscale/swscale.h>
 }
 
@@ -16,6 +15,7 @@ extern "C" {
 #include <vector>
 
 #include "movie/MovieEncoding.h"
+#include "movie/MovieOutput.h"
 #include "vexhost/Image.h"
 
 namespace vexhost {
@@ -41,9 +41,6 @@ public:
     int encodedHeight() const { return codec_->height; }
 
 private:
-    struct FormatCloser {
-        void operator()(AVFormatContext* format) const;
-    };
     struct CodecCloser {
         void operator()(AVCodecContext* codec) const;
     };
@@ -61,13 +58,10 @@ private:
     void encode(const AVFrame* frame);
     [[noreturn]] void fail(const std::string& what, int errorCode) const;
 
-    std::string displayName_;
-    std::string description_;
     int width_ = 0;
     int height_ = 0;
     int64_t nextTimestamp_ = 0;
-    std::unique_ptr<AVFormatContext, FormatCloser> format_;
-    AVStream* stream_ = nullptr;  // owned by format_
+    std::unique_ptr<MovieOutput> output_;
     std::unique_ptr<AVCodecContext, CodecCloser> codec_;
     std::unique_ptr<AVFrame, FrameCloser> frame_;
     std::unique_ptr<AVPacket, PacketCloser> packet_;

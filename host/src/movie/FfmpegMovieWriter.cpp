@@ -1,9 +1,5 @@
 #include "movie/FfmpegMovieWriter.h"
 
-extern "C" {
-#include <libavutil/rational.h>
-}
-
 #include <cmath>
 #include <filesystem>
 #include <sstream>
@@ -12,6 +8,8 @@ extern "C" {
 #include <utility>
 
 #include "movie/MovieEncoding.h"
+#include "movie/MovieOutput.h"
+#include "movie/WrittenMovie.h"
 
 namespace vexhost {
 namespace {
@@ -24,6 +22,10 @@ void removeQuietly(const std::string& path) {
 }  // namespace
 
 FfmpegMovieWriter::FfmpegMovieWriter(int format) : format_(format) {}
+
+std::string FfmpegMovieWriter::partialName(const std::string& fileName) {
+    return fileName + ".partial";
+}
 
 FfmpegMovieWriter::~FfmpegMovieWriter() {
     if (state_ == State::Open) {
@@ -56,14 +58,10 @@ void FfmpegMovieWriter::open(const ExportSettings& settings, int width, int heig
                     << " is not a positive number of frames per second";
             throw std::runtime_error(message.str());
         }
-        // Codecs of the MPEG family take time bases up to 65535 only; that still gives every
-        // speed the export options allow (0.001 to 200 frames per second) closely.
-        const AVRational rate = av_d2q(speed, 65535);
-        std::ostringstream speedText;
-        speedText << speed;
+        const AVRational rate = MovieEncoding::frameRate(speed);
 
         fileName_ = settings.fileName;
-        partialName_ = fileName_ + ".partial";
+        partialName_ = partialName(fileName_);
         try {
             encoder_ = std::make_unique<FfmpegEncoder>(encoding, partialName_, fileName_, width,
                                                        height, rate);
@@ -72,7 +70,7 @@ void FfmpegMovieWriter::open(const ExportSettings& settings, int width, int heig
             throw;
         }
         description_ = encoding.description;
-        speed_ = speedText.str();
+        speed_ = speed;
     } catch (const std::runtime_error& e) {
         openError_ = e.what();
         throw;
@@ -117,7 +115,7 @@ void FfmpegMovieWriter::finish() {
     std::error_code error;
     std::filesystem::rename(partialName_, fileName_, error);
     if (error) {
-        failFinish("Cannot write the movie file \"" + fileName_ + "\": " + error.message());
+        failFinish(MovieOutput::cannotWrite(fileName_, error.message()));
     }
     state_ = State::Finished;
 }
@@ -150,14 +148,9 @@ std::string FfmpegMovieWriter::summary() const {
                  << " frames so far.";
             break;
         case State::Finished:
-            text << "Wrote " << framesAdded_ << (framesAdded_ == 1 ? " frame" : " frames") << " of "
-                 << width_ << " x " << height_ << " at " << speed_ << " fps as " << description_
-                 << " to \"" << fileName_ << "\"";
-            if (encodedWidth_ != width_ || encodedHeight_ != height_) {
-                text << " (encoded at " << encodedWidth_ << " x " << encodedHeight_
-                     << ", the codec takes even sizes only)";
-            }
-            text << ".";
+            text << WrittenMovie{framesAdded_,   width_, height_,      encodedWidth_,
+                                 encodedHeight_, speed_, description_, fileName_}
+                        .summary();
             break;
         case State::Canceled:
             text << "Canceled: no movie was written"

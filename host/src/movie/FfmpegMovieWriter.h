@@ -34,6 +34,9 @@ public:
     FfmpegMovieWriter(const FfmpegMovieWriter&) = delete;
     FfmpegMovieWriter& operator=(const FfmpegMovieWriter&) = delete;
 
+    // Where a movie is written until it is complete: "<file name>.partial".
+    static std::string partialName(const std::string& fileName);
+
     void open(const ExportSettings& settings, int width, int height) override;
     void addFrame(Image frame) override;
     void finish() override;
@@ -53,7 +56,7 @@ private:
     std::string fileName_;
     std::string partialName_;
     std::string description_;
-    std::string speed_;  // frames per second, as text for the summary
+    double speed_ = 0;  // frames per second
     std::string openError_;
     int width_ = 0;
     int height_ = 0;

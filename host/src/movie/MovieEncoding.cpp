@@ -95,6 +95,7 @@ MovieEncoding MovieEncoding::forSettings(const ExportSettings& settings) {
             // the default level makes the encoder nearly three times slower for files a third
             // smaller.
             e.encoderOptions = {{"pred", "paeth"}, {"compression_level", "1"}};
+            e.joinsByChunks = true;
             return e;
         default:
             throw std::runtime_error(
@@ -102,6 +103,12 @@ MovieEncoding MovieEncoding::forSettings(const ExportSettings& settings) {
                 " does not make movies; the movie formats are " +
                 ExportSetupAttribute::of(&ExportSettings::format).describeValues());
     }
+}
+
+AVRational MovieEncoding::frameRate(double framesPerSecond) {
+    // Codecs of the MPEG family take time bases up to 65535 only; that still gives every speed the
+    // export options allow (0.001 to 200 frames per second) closely.
+    return av_d2q(framesPerSecond, 65535);
 }
 
 }  // namespace vexhost

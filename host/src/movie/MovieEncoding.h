@@ -22,6 +22,7 @@
 
 extern "C" {
 #include <libavutil/pixfmt.h>
+#include <libavutil/rational.h>
 }
 
 #include <string>
@@ -45,10 +46,16 @@ struct MovieEncoding {
     int qscale = 0;  // fixed quantiser; 0 when the codec's own options set the quality
     Options encoderOptions;
     Options muxerOptions;
+    // A team's pieces of the movie are joined chunk by chunk by the format's own rules (the raster
+    // metafile: an animated PNG numbers its chunks across the file, and only its first frame is a
+    // plain PNG picture); otherwise packet by packet through FFmpeg's muxer.
+    bool joinsByChunks = false;
 
     // Throws std::runtime_error for a format that makes no movie (ExportSetupAttribute::
     // isMovieFormat), or a Flash image type out of range (with the Flash format).
     static MovieEncoding forSettings(const ExportSettings& settings);
+    // The frame rate FFmpeg is given for an animation speed (frames per second, above 0).
+    static AVRational frameRate(double framesPerSecond);
 };
 
 }  // namespace vexhost

@@ -103,17 +103,7 @@ protected:
         vextest::writeSettingsFile(path("flight.keyframe"), flight, settings);
     }
 
-    // The files of the scratch directory, without vexplot's captured output.
-    std::vector<std::string> files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(process.directory())) {
-            const std::string name = entry.path().filename().string();
-            if (name != ".stdout" && name != ".stderr")
-                names.push_back(name);
-        }
-        std::sort(names.begin(), names.end());
-        return names;
-    }
+    std::vector<std::string> files() const { return process.files(); }
 
     VexplotProcess process;
 };

@@ -134,6 +134,11 @@ TEST(CommandLineTest, ServeTakesAPortAndAnAddress) {
     EXPECT_FALSE(CommandLine::parse({}).serve);
 }
 
+TEST(CommandLineTest, ParallelExportIsASwitch) {
+    EXPECT_FALSE(CommandLine::parse({"film.mcr"}).parallelExport);
+    EXPECT_TRUE(CommandLine::parse({"--parallel-export", "film.mcr"}).parallelExport);
+}
+
 TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
     EXPECT_TRUE(CommandLine::parse({"--help"}).help);
     EXPECT_TRUE(CommandLine::parse({"-h"}).help);
@@ -142,10 +147,11 @@ TEST(CommandLineTest, HelpIsRecognisedInBothForms) {
 TEST(CommandLineTest, UsageNamesEveryOption) {
     const std::string usage = CommandLine::usage();
     for (const char* option :
-         {"--addon",      "--data",         "--demo-triangles", "--color-by",   "--colormap",
-          "--hide-block", "--streamtraces", "--seed-line",      "--seed-plane", "--trace",
-          "--record",     "--answer",       "--file-name",      "--stop-at",    "--keep-going",
-          "--size",       "--serve",        "--root",           "--web",        "--help"}) {
+         {"--addon",          "--data",         "--demo-triangles", "--color-by",   "--colormap",
+          "--hide-block",     "--streamtraces", "--seed-line",      "--seed-plane", "--trace",
+          "--record",         "--answer",       "--file-name",      "--stop-at",    "--keep-going",
+          "--size",           "--serve",        "--root",           "--web",        "--help",
+          "--parallel-export"}) {
         EXPECT_NE(std::string::npos, usage.find(option)) << option;
     }
     EXPECT_EQ(0u, usage.find("Usage: vexplot [options] [MACRO_FILE ...]\n"));
@@ -192,6 +198,11 @@ INSTANTIATE_TEST_SUITE_P(
                        "--serve needs [HOST:]PORT, PORT from 0 (any free port) to 65535 (as in "
                        "8080 or 127.0.0.1:8080); found ':80'"},
         BadCommandLine{"RootWithoutServe", {"--root", "."}, "--root needs --serve"},
+        BadCommandLine{"ParallelExportServing",
+                       {"--parallel-export", "--serve", "0"},
+                       "--parallel-export cannot be used with --serve"},
+        BadCommandLine{
+            "ParallelExportWithValue", {"--parallel-export=4"}, "--parallel-export takes no value"},
         BadCommandLine{"WebWithoutServe", {"--web", "w"}, "--web needs --serve"},
         BadCommandLine{"EmptyRoot", {"--serve", "0", "--root="}, "--root needs a folder"},
         BadCommandLine{"EmptyTrace", {"--trace="}, "--trace needs a file name"},

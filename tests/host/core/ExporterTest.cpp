@@ -8,6 +8,7 @@
 #include "support/ExportLogLines.h"
 #include "support/FailingRenderer.h"
 #include "support/RecordingRenderer.h"
+#include "support/RecordingWriter.h"
 #include "support/RegisteredAddOnFixture.h"
 #include "support/SdkPrinters.h"
 #include "vexhost/Drawing.h"
@@ -22,45 +23,11 @@ namespace {
 
 using vexhost::Exporter;
 using vexhost::ExportSettings;
-using vextest::ScopedLock;
-
-// What a movie writer was told, for the host's writer seam.
-struct WriterRecord {
-    std::vector<std::string> calls;
-    std::size_t failFrame = 0;  // the frame (from 1) whose addFrame throws; 0: none
-    ExportSettings settings;
-    int width = 0, height = 0;
-    std::vector<std::pair<int, int>> frameSizes;
-};
-
-class RecordingWriter : public vexhost::MovieWriter {
-public:
-    RecordingWriter(WriterRecord& record, bool failOpen) : record_(record), failOpen_(failOpen) {}
-    void open(const ExportSettings& settings, int width, int height) override {
-        record_.calls.push_back("open");
-        if (failOpen_)
-            throw std::runtime_error("Cannot write \"" + settings.fileName + "\".");
-        record_.settings = settings;
-        record_.width = width;
-        record_.height = height;
-    }
-    void addFrame(vexhost::Image frame) override {
-        record_.calls.push_back("frame");
-        record_.frameSizes.emplace_back(frame.width, frame.height);
-        if (record_.frameSizes.size() == record_.failFrame)
-            throw std::runtime_error("The disk is full.");
-    }
-    void finish() override { record_.calls.push_back("finish"); }
-    void cancel() override { record_.calls.push_back("cancel"); }
-    std::string summary() const override { return "recorded"; }
-
-private:
-    WriterRecord& record_;
-    bool failOpen_;
-};
-
 using vextest::FailingRenderer;
 using vextest::RecordingRenderer;
+using vextest::RecordingWriter;
+using vextest::ScopedLock;
+using vextest::WriterRecord;
 
 class ExporterTest : public vextest::RegisteredAddOnFixture {
 protected:

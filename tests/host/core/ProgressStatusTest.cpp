@@ -99,4 +99,47 @@ TEST_F(ProgressStatusTest, SinkHearsEveryEvent) {
     EXPECT_EQ(heard, (std::vector<std::string>{"0 A -1", "2 A 40", "1 B -1", "3 B -1"}));
 }
 
+TEST_F(ProgressStatusTest, WithAStopAgreementEachCheckAnswersWhatTheTeamAgrees) {
+    // What this process brought to each agreement; the team answers Stop at the third.
+    std::vector<bool> brought;
+    host().progress().setStopAgreement([&brought](bool stopPressedHere) {
+        brought.push_back(stopPressedHere);
+        return stopPressedHere || brought.size() == 3;
+    });
+    VexUtilStatusStartPercentDone("Animating....", true, true);
+    EXPECT_EQ(check(4), (std::vector<bool>{true, true, false, false}));
+    EXPECT_EQ(brought, (std::vector<bool>{false, false, false, true}))
+        << "a Stop the team agreed on holds here as if pressed here";
+    VexUtilStatusFinishPercentDone();
+    EXPECT_EQ(brought.size(), 4u) << "a check without a status has nothing to agree on";
+}
+
+TEST_F(ProgressStatusTest, AStopPressedHereGoesToTheAgreement) {
+    std::vector<bool> brought;
+    host().progress().setStopAgreement([&brought](bool stopPressedHere) {
+        brought.push_back(stopPressedHere);
+        return stopPressedHere;
+    });
+    host().progress().pressStopAt(2);
+    VexUtilStatusStartPercentDone("Animating....", true, true);
+    EXPECT_EQ(check(2), (std::vector<bool>{true, false}));
+    EXPECT_EQ(brought, (std::vector<bool>{false, true}));
+    VexUtilStatusFinishPercentDone();
+}
+
+TEST_F(ProgressStatusTest, TheHostsOwnChecksAnswerForThisProcessAlone) {
+    int agreements = 0;
+    host().progress().setStopAgreement([&agreements](bool) {
+        ++agreements;
+        return true;
+    });
+    host().progress().pressStopAt(2);
+    host().progress().start("Exporting", true, true);
+    EXPECT_TRUE(host().progress().checkHere(10));
+    EXPECT_FALSE(host().progress().checkHere(20));
+    host().progress().finish();
+    EXPECT_EQ(agreements, 0);
+    EXPECT_EQ(host().progress().checkedPercents(), (std::vector<int32_t>{10, 20}));
+}
+
 }  // namespace
