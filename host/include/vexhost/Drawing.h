@@ -55,6 +55,9 @@ public:
     const Image& lastPicture();
     // The current scene as the renderer draws it at this size. Throws what the renderer throws.
     Image picture(int width, int height, int supersample);
+    // A scene taken before (the studio keeps those of a run's frames), or one with more drawn over
+    // it, at this size; counted as the current one's. Throws what the renderer throws.
+    Image picture(const SceneState& scene, int width, int height, int supersample);
 
     // A frame's size in pixels (the screen's pixels per inch), each side at least 1.
     static std::pair<int, int> pixelSize(const Frame& frame);
@@ -70,8 +73,6 @@ public:
     void reset();
 
 private:
-    Image render(const SceneState& scene, int width, int height, int supersample);
-
     HostErrors& errors_;
     const FrameStack& frames_;
     FrameTrace& trace_;

@@ -27,14 +27,14 @@ void Drawing::setRenderer(std::unique_ptr<Renderer> renderer) {
     renderer_ = renderer != nullptr ? std::move(renderer) : std::make_unique<NullRenderer>();
 }
 
-Image Drawing::render(const SceneState& scene, int width, int height, int supersample) {
+Image Drawing::picture(const SceneState& scene, int width, int height, int supersample) {
     Image image = renderer_->render(scene, width, height, supersample);
     ++renderedPictures_;
     return image;
 }
 
 Image Drawing::picture(int width, int height, int supersample) {
-    return render(sceneSource_.scene(true), width, height, supersample);
+    return picture(sceneSource_.scene(true), width, height, supersample);
 }
 
 const Image& Drawing::lastPicture() {
@@ -43,7 +43,7 @@ const Image& Drawing::lastPicture() {
         const PendingRedraw redraw = std::move(*pending_);
         pending_.reset();
         try {
-            lastPicture_ = render(redraw.scene, redraw.width, redraw.height, 1);
+            lastPicture_ = picture(redraw.scene, redraw.width, redraw.height, 1);
         } catch (const std::exception& error) {
             // Nothing may escape into the add-on through the C interface, and the picture is asked
             // for on its behalf.
