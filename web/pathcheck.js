@@ -4,17 +4,10 @@
 // list as it now stands runs (docs/studio.md, "The path check").
 
 export function showPathCheck(studio, connection) {
-    const panel = document.createElement('section');
-    panel.className = 'path-check';
-    panel.setAttribute('aria-label', 'Path check');
-    panel.setAttribute('aria-live', 'polite');
-    const title = document.createElement('h3');
-    title.textContent = 'Path check';
-    const status = document.createElement('p');
-    status.className = 'path-check-status';
-    const warnings = document.createElement('ul');
-    warnings.className = 'path-check-warnings';
-    panel.append(title, status, warnings);
+    // Docked into the dialog's window, which the dialogs' module makes anew each time it opens.
+    const panel = document.getElementById('path-check-template').content.firstElementChild.cloneNode(true);
+    const status = panel.querySelector('.path-check-status');
+    const warnings = panel.querySelector('.path-check-warnings');
 
     const render = (check) => {
         panel.classList.toggle('checking', !!check.checking);
