@@ -303,19 +303,19 @@ const std::vector<Studio::Loop::MessageRule>& Studio::Loop::messageRules() {
 void Studio::Loop::runForPerson(const std::function<void()>& work) {
     // What the person does to the host is shown as it happens: no frame of the last run stays.
     showLive();
+    // The add-on may change its list without the dialog showing it (Update takes the view shown);
+    // no check starts before the work is done.
+    pathCheck_.changed(Clock::now());
     busy_ = true;
     publish();
     try {
         work();
     } catch (...) {
         busy_ = false;
-        pathCheck_.changed(Clock::now());
         throw;
     }
     busy_ = false;
     host_.idleQueue().runUntilEmpty();
-    // The add-on may change its list without the dialog showing it (Update takes the view shown).
-    pathCheck_.changed(Clock::now());
     markAllDirty();
 }
 
