@@ -88,16 +88,16 @@ std::optional<PathCheck::Clock::time_point> PathCheck::due() const {
     return *changedAt_ + Debounce;
 }
 
-void PathCheck::startIfDue(Clock::time_point now, const GuiModel& model,
+bool PathCheck::startIfDue(Clock::time_point now, const GuiModel& model,
                            const RunMacroLine& runLine) {
     if (!changedAt_ || now < *changedAt_ + Debounce)
-        return;
+        return false;
     changedAt_.reset();
     const GuiDialog* dialog = mainDialog(model);
     // A dialog that went down keeps what it showed; it shows the list again when it comes back,
     // which is a change.
     if (vexpath_.empty() || dialog == nullptr)
-        return;
+        return false;
     dialogId_ = dialog->id;
     std::size_t keyFrames = 0;
     for (int32_t id : dialog->controls) {
@@ -110,7 +110,7 @@ void PathCheck::startIfDue(Clock::time_point now, const GuiModel& model,
     cancel();
     if (keyFrames < 2) {
         clear();
-        return;
+        return true;
     }
 
     auto job = std::make_shared<Job>();
@@ -129,7 +129,7 @@ void PathCheck::startIfDue(Clock::time_point now, const GuiModel& model,
     } catch (const std::exception& error) {
         report_ = nullptr;
         error_ = error.what();
-        return;
+        return true;
     }
     checking_ = true;
     const uint64_t generation = ++generation_;
@@ -142,6 +142,7 @@ void PathCheck::startIfDue(Clock::time_point now, const GuiModel& model,
             return;
         events_.push(NetworkEvent([this, generation, result] { finish(generation, result); }));
     });
+    return true;
 }
 
 PathCheck::Result PathCheck::work(Job& job) {

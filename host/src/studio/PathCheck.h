@@ -69,8 +69,9 @@ public:
     void changed(Clock::time_point now);
     // When the wait after the last change ends, while a check waits for it.
     std::optional<Clock::time_point> due() const;
-    // See above. `runLine` runs in the copy of this process.
-    void startIfDue(Clock::time_point now, const GuiModel& model, const RunMacroLine& runLine);
+    // See above. `runLine` runs in the copy of this process. True when what state() shows changed
+    // (a check started, or a result went with its list).
+    bool startIfDue(Clock::time_point now, const GuiModel& model, const RunMacroLine& runLine);
 
     // The state key `flight/check`: {"dialogId", "checking", "error", "keyFrames", "frames",
     // "legs", "warnings"} (the last four as vexpath reports them), or null when there is nothing

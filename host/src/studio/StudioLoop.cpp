@@ -324,8 +324,10 @@ void Studio::Loop::afterStep() {
         host_.idleQueue().runUntilEmpty();
     noteFinishedExports();
     noteHelpRequests(actingClient_);
-    startPathCheck();
+    // Published first: what the step changed in the key frame dialog puts the check off.
     publish();
+    if (startPathCheck())
+        publish();
     deliverPictures();
 }
 
@@ -926,11 +928,11 @@ bool Studio::Loop::touchesMainDialog(const Json& changes) const {
     return false;
 }
 
-void Studio::Loop::startPathCheck() {
+bool Studio::Loop::startPathCheck() {
     // Never inside the person's work: a run draws its frames, a question waits for its answer.
     if (busy_ || prompt_ || host_.guiModel().isModalDialogUp())
-        return;
-    pathCheck_.startIfDue(Clock::now(), host_.guiModel(), [this](const std::string& line) {
+        return false;
+    return pathCheck_.startIfDue(Clock::now(), host_.guiModel(), [this](const std::string& line) {
         // In the copy of the process that saves the list: no page answers there, and no progress
         // goes to one.
         host_.userDialogs().setResponder(nullptr);

@@ -155,7 +155,8 @@ private:
     void onProgress(const ProgressStatus::Event& event);
     // The state changes just published touch the add-on's main dialog.
     bool touchesMainDialog(const Json& changes) const;
-    void startPathCheck();
+    // True when it changed the state.
+    bool startPathCheck();
     void showLive();
 
     // ---- pictures ----
