@@ -4,8 +4,10 @@
 import { Connection } from './connection.js';
 import { Dialogs } from './dialogs.js';
 import { showDownloads } from './downloads.js';
+import { showFlight } from './flight.js';
 import { hostMenus } from './menus.js';
 import { showNotices } from './notices.js';
+import { showPathCheck } from './pathcheck.js';
 import { showProgress } from './progress.js';
 import { Prompts } from './prompts.js';
 import { View } from './view.js';
@@ -25,8 +27,11 @@ showNotices(connection);
 hostMenus(studio, connection, document.getElementById('menubar'));
 const view = new View(studio, connection);
 new Dialogs(studio, connection, windows);
+// After the dialogs: it docks its panel under the window they drew.
+showPathCheck(studio, connection);
 new Prompts(studio, connection, windows);
 showProgress(studio, connection);
 showDownloads(studio, connection);
+showFlight(studio, connection);
 studio.fit = () => view.fit();
 connection.connect();

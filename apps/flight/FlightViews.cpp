@@ -5,7 +5,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "ScratchFile.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
 #include "model/TotalFrameCount.h"
@@ -13,6 +12,7 @@
 #include "vexhost/FrameStack.h"
 #include "vexhost/FrameTrace.h"
 #include "vexhost/MacroFileRunner.h"
+#include "vexhost/ScratchFile.h"
 
 namespace vexplot {
 namespace flight {
@@ -63,7 +63,7 @@ private:
     vexhost::Host& host_;
     vexhost::Frame& frame_;
     const vexhost::View3D view_;
-    ScratchFile trace_;
+    vexhost::ScratchFile trace_;
 };
 
 }  // namespace

@@ -5,10 +5,10 @@
 #include <stdexcept>
 #include <string>
 
-#include "ScratchFile.h"
 #include "SpeedMeasure.h"
 #include "file/KeyFrameFile.h"
 #include "model/ListModelKeyFrame.h"
+#include "vexhost/ScratchFile.h"
 
 namespace vexplot {
 namespace path {
@@ -20,7 +20,7 @@ std::vector<double> Retimer::sampledLegLengths(const FlightHost& host, const Fli
     vexutiltools::ListModelKeyFrame list;
     list.setItems(sampled);
     // The views alone: time, streamtraces and fades change nothing of them.
-    const flight::ScratchFile file("vexpath-sample", ".keyframe");
+    const vexhost::ScratchFile file("vexpath-sample", ".keyframe");
     vexutiltools::KeyFrameFile().write(file.path(), vexutiltools::AnimationSettings_s(), list);
     return SpeedMeasure::legLengths(host.fly(file.path()));
 }

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -176,7 +177,9 @@ bool BatchRun::serve() {
         if (!failures.empty())
             throw std::runtime_error(failures);
     };
-    studioOptions.openDataFile = [this](const std::string& path) {
+    // The scene shown, for the path check: the command line's, until a data file is opened.
+    auto scene = std::make_shared<RunOptions>(options_);
+    studioOptions.openDataFile = [this, scene](const std::string& path) {
         vexhost::DataFileOptions dataOptions;
         dataOptions.colourMap = options_.dataOptions.colourMap;
         try {
@@ -184,7 +187,17 @@ bool BatchRun::serve() {
         } catch (const vexhost::DataFileError& error) {
             throw std::runtime_error(error.what());
         }
+        scene->data = RunOptions::Data::File;
+        scene->dataPath = path;
+        scene->dataOptions = dataOptions;
     };
+    studioOptions.sceneArguments = [scene] { return RunScene::arguments(*scene); };
+    // vexpath is built beside vexplot; without it the studio has no path check.
+    std::error_code missing;
+    const std::filesystem::path vexpath =
+        std::filesystem::path(programPath_).parent_path() / "vexpath";
+    if (std::filesystem::is_regular_file(vexpath, missing))
+        studioOptions.vexpathProgram = vexpath.string();
     std::unique_ptr<vexhost::Studio> studio;
     try {
         studio = vexhost::Studio::start(host_, studioOptions);

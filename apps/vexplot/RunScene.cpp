@@ -22,5 +22,19 @@ void RunScene::show(vexhost::Host& host, const RunOptions& options) {
         vexhost::DataFileLoader::load(host, options.dataPath, options.dataOptions);
 }
 
+std::vector<std::string> RunScene::arguments(const RunOptions& options) {
+    std::vector<std::string> arguments = {"--data",
+                                          options.data == RunOptions::Data::File ? options.dataPath
+                                          : options.data == RunOptions::Data::None ? "none"
+                                                                                   : "demo"};
+    for (const std::string& block : options.dataOptions.hiddenBlocks)
+        arguments.insert(arguments.end(), {"--hide-block", block});
+    arguments.insert(arguments.end(), {"--size", std::to_string(options.width) + "x" +
+                                                     std::to_string(options.height)});
+    if (!options.addOnPath.empty())
+        arguments.insert(arguments.end(), {"--addon", options.addOnPath});
+    return arguments;
+}
+
 }  // namespace app
 }  // namespace vexplot

@@ -5,6 +5,9 @@
 #ifndef VEXPLOT_APP_RUNSCENE_H
 #define VEXPLOT_APP_RUNSCENE_H
 
+#include <string>
+#include <vector>
+
 #include "RunOptions.h"
 #include "vexhost/Host.h"
 
@@ -16,6 +19,9 @@ public:
     // Throws vexhost::DataFileError when the data file cannot be read; the frame is there then,
     // empty.
     static void show(vexhost::Host& host, const RunOptions& options);
+    // The options that set the same scene up in another program of the project (vexpath's scene
+    // options): --data, --hide-block, --size, and --addon when one was given.
+    static std::vector<std::string> arguments(const RunOptions& options);
 };
 
 }  // namespace app

@@ -57,7 +57,9 @@ public:
     Image picture(int width, int height, int supersample);
     // The scene a picture taken now would show, kept to be drawn later by the overload below.
     SceneState scene() const;
-    // A kept scene as the renderer draws it at this size. Throws what the renderer throws.
+    // A scene taken before (a team's export and the studio keep those of a run's frames), or one
+    // with more drawn over it, at this size; counted as the current one's. Throws what the
+    // renderer throws.
     Image picture(const SceneState& scene, int width, int height, int supersample);
 
     // A frame's size in pixels (the screen's pixels per inch), each side at least 1.

@@ -36,6 +36,10 @@ struct StudioOptions {
     // File > Open Data File (no such item when empty): replaces the data set with the file's;
     // throws std::runtime_error with the message.
     std::function<void(const std::string& path)> openDataFile;
+    // The path check beside the key frame add-on's list: vexpath (empty: no check), and its scene
+    // options (--data, ...), asked for at each check, so they are those of the scene shown then.
+    std::string vexpathProgram;
+    std::function<std::vector<std::string>()> sceneArguments;
 };
 
 class Studio {

@@ -19,6 +19,7 @@
 #include "vexhost/GuiUser.h"
 #include "vexhost/Host.h"
 #include "vexhost/IdleQueue.h"
+#include "vexhost/MacroFileRunner.h"
 #include "vexhost/MacroRecorder.h"
 #include "vexhost/UserDialogs.h"
 
@@ -152,7 +153,9 @@ Studio::Loop::Loop(Host& host, const StudioOptions& options)
               folders.push_back(fs::current_path());
           return folders;
       }()),
-      navigator_(host) {
+      navigator_(host),
+      flight_(host),
+      pathCheck_(options.vexpathProgram, options.sceneArguments, events_) {
     WebServer::Config config;
     config.address = options.address;
     config.port = options.port;
@@ -166,7 +169,8 @@ Studio::Loop::Loop(Host& host, const StudioOptions& options)
 
 void Studio::Loop::attach() {
     host_.userDialogs().setResponder(this);
-    host_.progress().setSink([this](const ProgressStatus::Event&) { serviceWhileBusy(); });
+    host_.progress().setSink([this](const ProgressStatus::Event& event) { onProgress(event); });
+    flight_.attach();
     redrawsSeen_ = host_.drawing().drawnFrames();
     exportFinishesSeen_ = host_.exporter().counts().finishes;
     helpPagesSeen_ = host_.userDialogs().helpPages().size();
@@ -185,16 +189,22 @@ std::string Studio::Loop::url() const {
 
 void Studio::Loop::run() {
     publish();
-    while (!quitting_) {
-        std::chrono::milliseconds longest(1000);
-        if (lowQualitySent_) {
-            const auto settle = lastDrag_ + DragSettle - Clock::now();
-            longest = std::max(std::chrono::milliseconds(1),
-                               std::chrono::duration_cast<std::chrono::milliseconds>(settle));
-        }
-        waitAndHandle(longest);
-        afterStep();
-    }
+    while (!quitting_)
+        step();
+}
+
+void Studio::Loop::step() {
+    Clock::time_point until = Clock::now() + std::chrono::seconds(1);
+    if (lowQualitySent_)
+        until = std::min(until, lastDrag_ + DragSettle);
+    // A check due that cannot start yet (a modal question is up) starts after what ends that.
+    const std::optional<Clock::time_point> due = pathCheck_.due();
+    if (due && *due > Clock::now())
+        until = std::min(until, *due);
+    waitAndHandle(
+        std::max(std::chrono::milliseconds(1),
+                 std::chrono::duration_cast<std::chrono::milliseconds>(until - Clock::now())));
+    afterStep();
 }
 
 // ---- events ----
@@ -233,6 +243,9 @@ void Studio::Loop::handleEvent(const NetworkEvent& event) {
             break;
         case NetworkEvent::Kind::Message:
             handleMessage(event.client, event.text);
+            break;
+        case NetworkEvent::Kind::Finished:
+            event.finish();
             break;
     }
 }
@@ -279,11 +292,20 @@ const std::vector<Studio::Loop::MessageRule>& Studio::Loop::messageRules() {
         {"record", false, &Loop::onRecord},
         {"frameSize", false, &Loop::onFrameSize},
         {"ack", true, &Loop::onAck},
+        {"scrub", false, &Loop::onScrub},
+        {"live", false, &Loop::onLive},
+        // Only a switch for the pictures: the host's work goes on as it was.
+        {"path", true, &Loop::onPath},
     };
     return rules;
 }
 
 void Studio::Loop::runForPerson(const std::function<void()>& work) {
+    // What the person does to the host is shown as it happens: no frame of the last run stays.
+    showLive();
+    // The add-on may change its list without the dialog showing it (Update takes the view shown);
+    // no check starts before the work is done.
+    pathCheck_.changed(Clock::now());
     busy_ = true;
     publish();
     try {
@@ -302,7 +324,10 @@ void Studio::Loop::afterStep() {
         host_.idleQueue().runUntilEmpty();
     noteFinishedExports();
     noteHelpRequests(actingClient_);
+    // Published first: what the step changed in the key frame dialog puts the check off.
     publish();
+    if (startPathCheck())
+        publish();
     deliverPictures();
 }
 
@@ -353,6 +378,7 @@ void Studio::Loop::onDrag(uint64_t client, const Json& message) {
     const bool active = boolField(message, "active");
     if (std::abs(dx) > 1e5 || std::abs(dy) > 1e5)
         throw ProtocolError("\"dx\" and \"dy\" must be under 100000 pixels");
+    showLive();
     if (mode == "rotate")
         navigator_.rotate(dx, dy);
     else if (mode == "pan")
@@ -376,6 +402,7 @@ void Studio::Loop::onWheel(uint64_t client, const Json& message) {
     const double steps = numberField(message, "delta");
     if (std::abs(steps) > 100)
         throw ProtocolError("\"delta\" must be under 100 steps");
+    showLive();
     if (navigator_.wheel(steps))
         navigator_.commit();
     pages_[client].lastSeq = seq;
@@ -383,6 +410,7 @@ void Studio::Loop::onWheel(uint64_t client, const Json& message) {
 }
 
 void Studio::Loop::onFit(uint64_t, const Json&) {
+    showLive();
     if (navigator_.fit())
         navigator_.commit();
     markAllDirty();
@@ -524,6 +552,26 @@ void Studio::Loop::onAck(uint64_t client, const Json& message) {
     const auto frame = static_cast<uint32_t>(integerField(message, "frame", 0, UINT32_MAX));
     if (frame == page.framesSent)
         page.inFlight = false;
+}
+
+void Studio::Loop::onScrub(uint64_t, const Json& message) {
+    if (flight_.frameCount() == 0)
+        throw ProtocolError("no animation has run: there are no frames to show");
+    scrubbed_ = static_cast<std::size_t>(
+        integerField(message, "frame", 0, static_cast<int64_t>(flight_.frameCount()) - 1));
+    // Pictures as while dragging, the full one once the slider rests.
+    dragging_ = true;
+    lastDrag_ = Clock::now();
+    markAllDirty();
+}
+
+void Studio::Loop::onLive(uint64_t, const Json&) {
+    showLive();
+}
+
+void Studio::Loop::onPath(uint64_t, const Json& message) {
+    showPath_ = boolField(message, "show");
+    markAllDirty();
 }
 
 // ---- host menus ----
@@ -729,6 +777,13 @@ std::map<std::string, Json> Studio::Loop::collectState() {
         state["frameSize"] = {{"width", size.first}, {"height", size.second}};
     }
     state["recording"] = host_.macro().isRecording();
+    state["flight"] = {{"frames", flight_.frameCount()},
+                       {"running", flight_.running()},
+                       {"frame", scrubbed_ ? Json(*scrubbed_) : Json()},
+                       {"path", showPath_}};
+    const Json check = pathCheck_.state();
+    if (!check.is_null())
+        state["flight/check"] = check;
 
     Json downloads = Json::array();
     for (const fs::path& path : downloads_) {
@@ -779,6 +834,8 @@ void Studio::Loop::publish() {
     state_ = std::move(state);
     if (changes.empty())
         return;
+    if (touchesMainDialog(changes))
+        pathCheck_.changed(Clock::now());
     const std::string message = dump({{"type", "changes"}, {"state", changes}});
     for (const auto& entry : pages_)
         server_->sendText(entry.first, message);
@@ -847,7 +904,60 @@ void Studio::Loop::noteHelpRequests(uint64_t client) {
     }
 }
 
+// ---- the last run's frames and the path check ----
+
+void Studio::Loop::onProgress(const ProgressStatus::Event& event) {
+    if (flight_.observe(event.kind))
+        scrubbed_.reset();
+    serviceWhileBusy();
+}
+
+bool Studio::Loop::touchesMainDialog(const Json& changes) const {
+    const GuiDialog* dialog = PathCheck::mainDialog(host_.guiModel());
+    if (dialog == nullptr)
+        return false;
+    const std::string dialogKey = "dialog/" + std::to_string(dialog->id);
+    for (auto it = changes.begin(); it != changes.end(); ++it) {
+        if (it.key() == dialogKey)
+            return true;
+        const auto found = state_.find(it.key());
+        if (it.key().compare(0, 8, "control/") == 0 && found != state_.end() &&
+            found->second.value("dialogId", 0) == dialog->id)
+            return true;
+    }
+    return false;
+}
+
+bool Studio::Loop::startPathCheck() {
+    // Never inside the person's work: a run draws its frames, a question waits for its answer.
+    if (busy_ || prompt_ || host_.guiModel().isModalDialogUp())
+        return false;
+    return pathCheck_.startIfDue(Clock::now(), host_.guiModel(), [this](const std::string& line) {
+        // In the copy of the process that saves the list: no page answers there, and no progress
+        // goes to one.
+        host_.userDialogs().setResponder(nullptr);
+        host_.progress().setSink(nullptr);
+        MacroFileRunner(host_).runLine(line);
+    });
+}
+
+void Studio::Loop::showLive() {
+    if (scrubbed_) {
+        scrubbed_.reset();
+        markAllDirty();
+    }
+}
+
 // ---- pictures ----
+
+SceneState Studio::Loop::sceneShown() {
+    SceneState scene = scrubbed_ ? flight_.frame(*scrubbed_) : host_.scene(true);
+    // The path of a run that is over; scrubbed, the line ends where the camera stands.
+    if (showPath_ && !flight_.running() && flight_.frameCount() > 1)
+        scene.cameraPath = flight_.path(scrubbed_ ? *scrubbed_ : flight_.frameCount() - 1,
+                                        pathCheck_.keyFrames(flight_.frameCount()));
+    return scene;
+}
 
 void Studio::Loop::markAllDirty() {
     for (auto& entry : pages_)
@@ -874,7 +984,7 @@ void Studio::Loop::deliverPictures() {
             std::max(MinPixels, static_cast<int>(std::lround(frameSize.second * scale)));
         std::vector<uint8_t> message(12, 0);
         try {
-            const Image picture = host_.drawing().picture(width, height, 1);
+            const Image picture = host_.drawing().picture(sceneShown(), width, height, 1);
             jpeg_.encode(picture, low ? DragQuality : FullQuality, message);
         } catch (const std::exception& error) {
             page.dirty = false;

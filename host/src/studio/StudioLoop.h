@@ -17,10 +17,13 @@
 
 #include "studio/EventQueue.h"
 #include "studio/FileRoots.h"
+#include "studio/FlightRecorder.h"
 #include "studio/JpegEncoder.h"
+#include "studio/PathCheck.h"
 #include "studio/ViewNavigator.h"
 #include "studio/WebServer.h"
 #include "vexhost/ProgressStatus.h"
+#include "vexhost/SceneState.h"
 #include "vexhost/Studio.h"
 #include "vexhost/UserDialogs.h"
 
@@ -49,7 +52,14 @@ public:
 
     std::string url() const;
     uint16_t port() const { return server_->port(); }
+    // Steps until the studio is told to end.
     void run();
+    // One step: waits for the pages (no longer than the next timer: a drag settling, a path check
+    // due), handles what came, then publishes the state and draws the pictures owed. Public for
+    // the tests, which step until what they wait for shows in state().
+    void step();
+    // The state as last published.
+    const std::map<std::string, Json>& state() const { return state_; }
 
     // A message from a page, handled now; public for the tests of hostile input and the fuzz
     // target, which feed messages without a network. Replies go to that page.
@@ -112,6 +122,9 @@ private:
     void onRecord(uint64_t client, const Json& message);
     void onFrameSize(uint64_t client, const Json& message);
     void onAck(uint64_t client, const Json& message);
+    void onScrub(uint64_t client, const Json& message);
+    void onLive(uint64_t client, const Json& message);
+    void onPath(uint64_t client, const Json& message);
 
     // ---- host menus ----
     std::vector<MenuItem> hostMenus();
@@ -138,9 +151,19 @@ private:
     void noteHelpRequests(uint64_t client);
     void noteFinishedExports();
 
+    // ---- the last run's frames and the path check ----
+    void onProgress(const ProgressStatus::Event& event);
+    // The state changes just published touch the add-on's main dialog.
+    bool touchesMainDialog(const Json& changes) const;
+    // True when it changed the state.
+    bool startPathCheck();
+    void showLive();
+
     // ---- pictures ----
     void markAllDirty();
     void deliverPictures();
+    // What the pictures show now: the live scene or the frame scrubbed to, with the path if asked.
+    SceneState sceneShown();
 
     Host& host_;
     StudioOptions options_;
@@ -149,6 +172,8 @@ private:
     studio::EventQueue events_;
     studio::JpegEncoder jpeg_;
     studio::ViewNavigator navigator_;
+    studio::FlightRecorder flight_;
+    studio::PathCheck pathCheck_;  // after events_: its worker hands results to the queue
     std::unique_ptr<studio::WebServer> server_;  // last: the network stops before the rest goes
 
     std::map<uint64_t, Page> pages_;
@@ -167,6 +192,8 @@ private:
     uint64_t actingClient_ = 0;
     std::vector<std::filesystem::path> downloads_;
     std::vector<std::filesystem::path> writtenFiles_;  // file dialog answers in write mode
+    std::optional<std::size_t> scrubbed_;              // the frame shown instead of the live view
+    bool showPath_ = false;
 };
 
 }  // namespace vexhost

@@ -14,6 +14,7 @@
 #include "vexhost/Frame.h"
 #include "vexhost/FrameStack.h"
 #include "vexhost/Renderer.h"
+#include "vexhost/SceneState.h"
 #include "vxsdkbase.h"
 
 namespace {
@@ -105,6 +106,19 @@ TEST_F(DrawingTest, PictureOfTheCurrentSceneIsDrawnAtOnce) {
     EXPECT_EQ(calls[0].supersample, 3);
     EXPECT_EQ(calls[0].scene.camera.viewWidth, 4.5);
     EXPECT_EQ(host().drawing().drawnFrames(), 0u) << "a picture asked for is not a redraw";
+}
+
+TEST_F(DrawingTest, AKeptSceneIsDrawnAsItWasAndCounted) {
+    std::vector<RecordingRenderer::Call> calls;
+    host().drawing().setRenderer(std::make_unique<RecordingRenderer>(&calls));
+    createFrame3D().view().setWidth(4.5);
+    const vexhost::SceneState kept = host().scene();
+    host().frames().active()->view().setWidth(9);
+    host().drawing().picture(kept, 32, 24, 1);
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].scene.camera.viewWidth, 4.5) << "the kept scene, not the current one";
+    EXPECT_EQ(calls[0].width, 32);
+    EXPECT_EQ(host().drawing().renderedPictures(), 1u);
 }
 
 TEST_F(DrawingTest, RendererFailureIsAHostErrorNotAnException) {

@@ -6,14 +6,9 @@
 #include <fstream>
 #include <string>
 
-#include "studio/StudioLoop.h"
-#include "support/AddOnFixture.h"
-#include "support/TemporaryDirectory.h"
-#include "vexhost/AddOnRegistry.h"
+#include "host/studio/StudioLoopFixture.h"
 #include "vexhost/Frame.h"
 #include "vexhost/FrameStack.h"
-#include "vexhost/GuiModel.h"
-#include "vexhost/GuiUser.h"
 #include "vexhost/MacroRecorder.h"
 #include "vexhost/UserDialogs.h"
 
@@ -22,54 +17,7 @@ namespace {
 using vexhost::GuiUser;
 using vexhost::studio::NetworkEvent;
 
-constexpr uint64_t Page = 1;
-
-class StudioLoopTest : public vextest::AddOnFixture {
-protected:
-    void SetUp() override {
-        AddOnFixture::SetUp();
-        createFrame3D();
-        vexhost::StudioOptions options;
-        options.roots = {scratch_.path().string()};
-        options.webDirectory = scratch_.path().string();
-        loop_ = std::make_unique<vexhost::Studio::Loop>(host(), options);
-        loop_->deliver({NetworkEvent::Kind::Open, Page, {}});
-    }
-    void TearDown() override {
-        loop_.reset();
-        AddOnFixture::TearDown();
-    }
-
-    void send(const std::string& message) { loop_->handleMessage(Page, message); }
-    // The answer the next question will get: it waits in the queue as if the person had
-    // answered at once.
-    void answerNext(const std::string& answerFields) {
-        loop_->deliver({NetworkEvent::Kind::Message, Page,
-                        "{\"type\":\"answer\",\"id\":" + std::to_string(++questions_) + "," +
-                            answerFields + "}"});
-    }
-    const vexhost::GuiDialog& mainDialog() {
-        return GuiUser(host()).findDialog("Key Frame Animation");
-    }
-    int32_t controlId(const std::string& text) {
-        return GuiUser(host()).findControl(mainDialog(), text).id;
-    }
-    void openMainDialog() {
-        const auto& items = host().addOns().menuOptions();
-        ASSERT_EQ(1u, items.size());
-        send(R"({"type":"menu","id":"addon.0"})");
-        ASSERT_TRUE(mainDialog().up);
-    }
-    std::vector<std::string> keyFrameNames() {
-        const vexhost::GuiControl& list =
-            GuiUser(host()).findControlOfKind(mainDialog(), vexhost::GuiControl::Kind::List, 1);
-        return list.items;
-    }
-
-    vextest::TemporaryDirectory scratch_{"studio-loop"};
-    std::unique_ptr<vexhost::Studio::Loop> loop_;
-    int questions_ = 0;
-};
+using StudioLoopTest = vextest::StudioLoopFixture;
 
 TEST_F(StudioLoopTest, TheAnimateMenuItemOpensTheAddOnsDialog) {
     openMainDialog();
@@ -136,15 +84,13 @@ TEST_F(StudioLoopTest, SavingTheRecordedMacroOverAFileAsksFirst) {
 
 TEST_F(StudioLoopTest, TheFileMenuRunsAMacroFileAndShowsItsFailure) {
     std::vector<std::string> ran;
-    loop_.reset();
-    vexhost::StudioOptions options;
-    options.roots = {scratch_.path().string()};
+    vexhost::StudioOptions options = this->options();
     options.runMacroFile = [&ran](const std::string& path) {
         ran.push_back(path);
         throw std::runtime_error("setup.mcr:3: $!VIEW needs 7 numbers");
     };
     options.openDataFile = [&ran](const std::string& path) { ran.push_back("data " + path); };
-    loop_ = std::make_unique<vexhost::Studio::Loop>(host(), options);
+    startLoop(options);
     std::ofstream(scratch_.path() / "setup.mcr") << "#!MC 1410\n";
     answerNext(R"("file":{"root":0,"path":"setup.mcr"})");
     answerNext("\"ok\":true");  // the message with the failure, dismissed

@@ -1,12 +1,12 @@
 // A new, empty file of its own in the system's temporary directory, removed with the object: for
-// what a tool hands the host or the add-on only by a file name (a frame trace, a key frame file).
-#ifndef VEXPLOT_FLIGHT_SCRATCHFILE_H
-#define VEXPLOT_FLIGHT_SCRATCHFILE_H
+// what a program hands the host, the add-on or another program only by a file name (a frame
+// trace, a key frame file).
+#ifndef VEXHOST_SCRATCHFILE_H
+#define VEXHOST_SCRATCHFILE_H
 
 #include <string>
 
-namespace vexplot {
-namespace flight {
+namespace vexhost {
 
 class ScratchFile {
 public:
@@ -23,7 +23,6 @@ private:
     std::string path_;
 };
 
-}  // namespace flight
-}  // namespace vexplot
+}  // namespace vexhost
 
 #endif

@@ -1,4 +1,4 @@
-#include "ScratchFile.h"
+#include "vexhost/ScratchFile.h"
 
 #include <stdlib.h>
 #include <unistd.h>
@@ -7,8 +7,7 @@
 #include <stdexcept>
 #include <system_error>
 
-namespace vexplot {
-namespace flight {
+namespace vexhost {
 
 ScratchFile::ScratchFile(const std::string& prefix, const std::string& suffix) {
     std::string pattern =
@@ -25,5 +24,4 @@ ScratchFile::~ScratchFile() {
     std::filesystem::remove(path_, ignored);
 }
 
-}  // namespace flight
-}  // namespace vexplot
+}  // namespace vexhost
