@@ -131,6 +131,9 @@ public:
 
 private:
     void put(const uint8_t* bytes, std::size_t size) {
+        // An empty chunk (IEND) has no bytes, and fwrite must not be given its null pointer.
+        if (size == 0)
+            return;
         if (std::fwrite(bytes, 1, size, file_.get()) != size)
             fail();
     }
